@@ -1,0 +1,14 @@
+#include <QApplication>
+
+#include "app/ScreenFlow.h"
+#include "media/Audio.h"
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    app.setQuitOnLastWindowClosed(true);
+    media::Audio::OpenDevice();
+    grumbo::StartProgram();
+    const int rc = app.exec();
+    media::Audio::CloseDevice();
+    return rc;
+}

@@ -1,0 +1,95 @@
+// Building a round: sky, city, characters, wind and the screen furniture that shows the sky.
+#include <QLabel>
+
+#include "match/frmGrumbo.h"
+#include "screens/frmLoading.h"
+
+using namespace modMain;
+using grumbo::Int;
+using grumbo::Rnd;
+
+void frmGrumbo::DrawSky() {
+    bool day = true;
+    if (intTimeOfDay == 2) day = true;
+    else if (intTimeOfDay == 3) day = false;
+    else day = Int(Rnd() * 2) == 0;
+    blnDay = day;
+    const float w = static_cast<float>(picBg->Width());
+    const float h = static_cast<float>(picBg->Height());
+    if (day) DrawGradient(*picBg, 3, 61, 155, 80, 167, 254, 0, w, 0, h);
+    else DrawGradient(*picBg, 46, 11, 71, 76, 7, 147, 0, w, 0, h);
+}
+
+void frmGrumbo::BlendCharacters() {
+    frmLoading& loading = frmLoading::Instance();
+    const int n = intPlayers;
+    for (int i = 0; i < n; ++i) {
+        ui::PictureBox& p = *Player[i];
+        p.Cls();
+        loading.SetStatus(QStringLiteral("Rendering Player ") + QString::number(i + 1) +
+                          QStringLiteral("..."));
+        DoEvents();
+        MakeTransparent(p, 0, 0, static_cast<float>(p.Width()), static_cast<float>(p.Height()));
+        loading.SetProgress(static_cast<double>(i) / n * 20 + 67);
+        intMissMark[i] = intMisses[i];
+    }
+}
+
+void frmGrumbo::ResetWindBox() {
+    picArrow->ClearPicture();
+    MakeTransparent(*picArrow, 0, 0, static_cast<float>(picArrow->Width()),
+                    static_cast<float>(picArrow->Height()));
+}
+
+void frmGrumbo::ResetPointsBox() {
+    picPlayerpoints->ClearPicture();
+    MakeTransparent(*picPlayerpoints, 0, 0, static_cast<float>(picPlayerpoints->Width()),
+                    static_cast<float>(picPlayerpoints->Height()));
+}
+
+void frmGrumbo::GameLoad() {
+    const int n = intPlayers;
+    frmLoading& loading = frmLoading::Instance();
+    loading.Show(window());
+    loading.window()->repaint();
+
+    for (int i = 0; i < n; ++i) Player[i]->hide();
+    picArrow->hide();
+    picPlayerpoints->hide();
+
+    loading.SetStatus(QStringLiteral("Rendering Sky..."));
+    DoEvents();
+    DrawSky();
+    loading.SetProgress(3);
+    picBld->SetPicture(picBg->surface());
+    loading.SetProgress(5);
+    for (int i = 0; i < n; ++i) Player[i]->SetTop(467);
+    loading.SetProgress(7);
+
+    loading.SetStatus(QStringLiteral("Rendering Buildings..."));
+    DoEvents();
+    DrawBuildings();
+
+    BlendCharacters();
+    strFragged.clear();
+
+    loading.SetStatus(QStringLiteral("Creating Wind..."));
+    DoEvents();
+    DrawRoundWind();
+    ResetWindBox();
+    loading.SetProgress(90);
+    DrawWind();
+    loading.SetProgress(95);
+    ResetPointsBox();
+    AlignBanana();
+    loading.SetProgress(100);
+
+    for (int i = 0; i < n; ++i) Player[i]->show();
+    picArrow->show();
+    picPlayerpoints->show();
+    SetCaption(strPlayerName[intCurrentPlayer] + QStringLiteral(" - ") +
+               QString::number(lngPoints[intCurrentPlayer]) + QStringLiteral(" pts"));
+    pIndication();
+    blnRoundOver = false;
+    loading.Unload();
+}
