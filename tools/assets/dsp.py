@@ -15,10 +15,6 @@ def seconds(n):
     return int(round(n * RATE))
 
 
-def silence(dur):
-    return [0.0] * seconds(dur)
-
-
 def noise(dur, seed):
     rnd = random.Random(seed)
     return [rnd.uniform(-1.0, 1.0) for _ in range(seconds(dur))]
@@ -99,10 +95,6 @@ def mix(*parts):
         for i, s in enumerate(sig):
             out[start + i] += s * gain
     return out
-
-
-def gain(sig, g):
-    return [s * g for s in sig]
 
 
 def finish(sig, peak=0.8, loudness=0.2):

@@ -102,7 +102,6 @@ class Composer:
     def __init__(self, number):
         (self.length, bpm, tonic, mode, self.beats, self.lead, self.alt, self.chord_prog,
          self.bass_prog, self.chord_style, self.bass_style, self.drums) = TUNES[number]
-        self.number = number
         self.rnd = random.Random(1000 + number)
         self.key = Key(tonic, mode)
         self.mode = mode
@@ -152,13 +151,13 @@ class Composer:
         moves = [self.rnd.choice([-2, -1, -1, 1, 1, 2, 3, -3, 4]) for _ in rhythm]
         return rhythm, moves
 
-    def melody(self, start, size, prog, turn):
+    def melody(self, start, size, prog, turn, ch):
         """Two four-bar phrases: motif, motif, variation, cadence."""
         motif_a, motif_b = self.motif(), self.motif()
         ending = self.rnd.choice(ENDINGS[self.beats])
         base = self.key.tonic + 12 if self.key.tonic < 62 else self.key.tonic
         idx = 4 + (turn % 2) * 2  # later rounds sit a little higher
-        track, ch = self.tracks["Lead"], ALT if (turn % 2 and start // self.bar % 16 >= 8) else LEAD
+        track = self.tracks["Lead"]
         for bar in range(size):
             degree = prog[bar % len(prog)]
             phrase_pos = bar % 4
@@ -183,13 +182,13 @@ class Composer:
                 track.note(t, int(dur * 0.92), ch, self.key.pitch(idx, base), vel)
                 t += dur
 
-    def nearest_chord_tone(self, idx, degree):
-        best = idx
-        for d in range(0, 4):
+    @staticmethod
+    def nearest_chord_tone(idx, degree):
+        for d in range(4):
             for cand in (idx - d, idx + d):
                 if (cand - degree) % 7 in (0, 2, 4):
                     return cand
-        return best
+        return idx
 
     # --- accompaniment ------------------------------------------------------
     def accompany(self, start, size, prog, busy):
@@ -294,7 +293,8 @@ class Composer:
             prog = progs[kind]
             self.accompany(t, size, prog, busy=kind != "break" or turn % 2 == 0)
             if kind in ("A", "B") and size >= 4:
-                self.melody(t, size, prog, turn)
+                # B sections hand the tune to the second instrument for contrast
+                self.melody(t, size, prog, turn, ALT if kind == "B" else LEAD)
             for bar in range(size):
                 self.drum_bar(t + bar * self.bar, fill=bar == size - 1 and kind != "intro",
                               crash=bar == 0 and kind != "intro")

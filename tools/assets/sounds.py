@@ -2,8 +2,8 @@
 import math
 import os
 
-from dsp import (biquad, decay, envelope, finish, gain, mix, noise, silence, tone, voice,
-                 write_au, write_wav, seconds, RATE)
+from dsp import (biquad, decay, envelope, finish, mix, noise, tone, voice, write_au, write_wav,
+                 RATE)
 
 
 def note_freq(midi):
