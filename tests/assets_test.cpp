@@ -20,7 +20,9 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 
-std::string dataPath(const std::string& relative) { return std::string(GRUMBO_DATA_DIR) + "/" + relative; }
+std::string dataPath(const std::string& relative) {
+    return std::string(GRUMBO_DATA_DIR) + "/" + relative;
+}
 
 Bytes readFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
@@ -58,23 +60,28 @@ Image loadBmp24(const std::string& path) {
     Image img;
     img.width = static_cast<std::int32_t>(le(b, 18, 4));
     const auto rawHeight = static_cast<std::int32_t>(le(b, 22, 4));
-    if (le(b, 28, 2) != 24 || le(b, 30, 4) != 0) throw std::runtime_error(path + ": not 24-bit BI_RGB");
+    if (le(b, 28, 2) != 24 || le(b, 30, 4) != 0)
+        throw std::runtime_error(path + ": not 24-bit BI_RGB");
     img.height = std::abs(rawHeight);
     const std::size_t stride = (static_cast<std::size_t>(img.width) * 3 + 3) & ~std::size_t{3};
-    if (offset + stride * static_cast<std::size_t>(img.height) > b.size()) throw std::runtime_error(path + ": short pixel data");
+    if (offset + stride * static_cast<std::size_t>(img.height) > b.size())
+        throw std::runtime_error(path + ": short pixel data");
     img.rgb.resize(static_cast<std::size_t>(img.width * img.height));
     for (int y = 0; y < img.height; ++y) {
         const int fileRow = rawHeight > 0 ? img.height - 1 - y : y;  // bottom-up unless negative
         for (int x = 0; x < img.width; ++x) {
-            const std::size_t p = offset + static_cast<std::size_t>(fileRow) * stride + static_cast<std::size_t>(x) * 3;
-            img.rgb[static_cast<std::size_t>(y * img.width + x)] = (b[p + 2] << 16) | (b[p + 1] << 8) | b[p];
+            const std::size_t p = offset + static_cast<std::size_t>(fileRow) * stride +
+                                  static_cast<std::size_t>(x) * 3;
+            img.rgb[static_cast<std::size_t>(y * img.width + x)] =
+                (b[p + 2] << 16) | (b[p + 1] << 8) | b[p];
         }
     }
     return img;
 }
 
 bool nearWhite(std::uint32_t c) {
-    return c != kWhite && ((c >> 16) & 0xFF) >= 240 && ((c >> 8) & 0xFF) >= 240 && (c & 0xFF) >= 240;
+    return c != kWhite && ((c >> 16) & 0xFF) >= 240 && ((c >> 8) & 0xFF) >= 240 &&
+           (c & 0xFF) >= 240;
 }
 
 // Pure white pixels that touch a light body colour. Every figure is ringed by
@@ -102,8 +109,9 @@ int whiteInsideBody(const Image& img) {
 // Body pixels in the top 40 % of the figure, left and right of the middle.
 std::pair<int, int> upperSides(const Image& img) {
     int top = 0;
-    while (top < img.height && std::all_of(img.rgb.begin() + top * img.width, img.rgb.begin() + (top + 1) * img.width,
-                                           [](std::uint32_t c) { return c == kWhite; }))
+    while (top < img.height &&
+           std::all_of(img.rgb.begin() + top * img.width, img.rgb.begin() + (top + 1) * img.width,
+                       [](std::uint32_t c) { return c == kWhite; }))
         ++top;
     const int limit = top + (img.height - top) * 2 / 5;
     int left = 0, right = 0;
@@ -117,8 +125,9 @@ std::pair<int, int> upperSides(const Image& img) {
     return {left, right};
 }
 
-const std::vector<std::string> kCharacters = {"Classic Grumbo", "Rapper Grumbo", "Robo Grumbo", "Sorcerer Grumbo",
-                                              "Space Grumbo",   "Suit Grumbo",   "Dunik",       "Vostrel"};
+const std::vector<std::string> kCharacters = {"Classic Grumbo",  "Rapper Grumbo", "Robo Grumbo",
+                                              "Sorcerer Grumbo", "Space Grumbo",  "Suit Grumbo",
+                                              "Dunik",           "Vostrel"};
 
 TEST(CharacterArt, EveryCharacterShipsThreeCleanPicturesOfOneSize) {
     for (const auto& name : kCharacters) {
@@ -132,11 +141,16 @@ TEST(CharacterArt, EveryCharacterShipsThreeCleanPicturesOfOneSize) {
             EXPECT_LE(img.width, 80);
             EXPECT_GE(img.height, 35);
             EXPECT_LE(img.height, 150);
-            for (auto [x, y] : {std::pair{0, 0}, {img.width - 1, 0}, {0, img.height - 1}, {img.width - 1, img.height - 1}})
+            for (auto [x, y] : {std::pair{0, 0},
+                                {img.width - 1, 0},
+                                {0, img.height - 1},
+                                {img.width - 1, img.height - 1}})
                 EXPECT_EQ(img.at(x, y), kWhite) << "corner " << x << "," << y;
-            const auto body = std::count_if(img.rgb.begin(), img.rgb.end(), [](std::uint32_t c) { return c != kWhite; });
+            const auto body = std::count_if(img.rgb.begin(), img.rgb.end(),
+                                            [](std::uint32_t c) { return c != kWhite; });
             EXPECT_GT(body, static_cast<long>(img.rgb.size()) / 6) << "figure too small or missing";
-            EXPECT_LT(body, static_cast<long>(img.rgb.size()) * 3 / 4) << "background mostly painted over";
+            EXPECT_LT(body, static_cast<long>(img.rgb.size()) * 3 / 4)
+                << "background mostly painted over";
             EXPECT_EQ(whiteInsideBody(img), 0) << "white touches the body without an outline";
             int fringe = 0;
             for (int y = 0; y < img.height; ++y)
@@ -144,13 +158,15 @@ TEST(CharacterArt, EveryCharacterShipsThreeCleanPicturesOfOneSize) {
                     if (!nearWhite(img.at(x, y))) continue;
                     for (auto [dx, dy] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}}) {
                         const int nx = x + dx, ny = y + dy;
-                        if (nx >= 0 && ny >= 0 && nx < img.width && ny < img.height && img.at(nx, ny) == kWhite) {
+                        if (nx >= 0 && ny >= 0 && nx < img.width && ny < img.height &&
+                            img.at(nx, ny) == kWhite) {
                             ++fringe;
                             break;
                         }
                     }
                 }
-            EXPECT_EQ(fringe, 0) << "near-white pixels touch the background and would show as a halo";
+            EXPECT_EQ(fringe, 0)
+                << "near-white pixels touch the background and would show as a halo";
             poses.push_back(std::move(img));
         }
         SCOPED_TRACE(name);
@@ -177,9 +193,9 @@ TEST(CharacterArt, TurnMarkerPointsDownOnWhite) {
     // A down arrow is widest in its lower half and ends in a narrow tip.
     std::vector<int> widths;
     for (int y = 0; y < img.height; ++y)
-        widths.push_back(static_cast<int>(std::count_if(img.rgb.begin() + y * img.width,
-                                                        img.rgb.begin() + (y + 1) * img.width,
-                                                        [](std::uint32_t c) { return c != kWhite; })));
+        widths.push_back(static_cast<int>(
+            std::count_if(img.rgb.begin() + y * img.width, img.rgb.begin() + (y + 1) * img.width,
+                          [](std::uint32_t c) { return c != kWhite; })));
     const auto widest = std::max_element(widths.begin(), widths.end()) - widths.begin();
     int last = img.height - 1;
     while (last > 0 && widths[static_cast<std::size_t>(last)] == 0) --last;
@@ -198,23 +214,27 @@ struct Pcm {
 
 Pcm loadWav(const std::string& path) {
     const Bytes b = readFile(path);
-    if (b.size() < 12 || std::string(b.begin(), b.begin() + 4) != "RIFF" || std::string(b.begin() + 8, b.begin() + 12) != "WAVE")
+    if (b.size() < 12 || std::string(b.begin(), b.begin() + 4) != "RIFF" ||
+        std::string(b.begin() + 8, b.begin() + 12) != "WAVE")
         throw std::runtime_error(path + ": not RIFF/WAVE");
     Pcm pcm;
     bool haveFormat = false;
     for (std::size_t at = 12; at + 8 <= b.size();) {
-        const std::string id(b.begin() + static_cast<long>(at), b.begin() + static_cast<long>(at) + 4);
+        const std::string id(b.begin() + static_cast<long>(at),
+                             b.begin() + static_cast<long>(at) + 4);
         const std::uint32_t size = le(b, at + 4, 4);
         const std::size_t body = at + 8;
         if (body + size > b.size()) throw std::runtime_error(path + ": chunk runs past the end");
         if (id == "fmt ") {
-            if (le(b, body, 2) != 1 || le(b, body + 14, 2) != 16) throw std::runtime_error(path + ": not 16-bit PCM");
+            if (le(b, body, 2) != 1 || le(b, body + 14, 2) != 16)
+                throw std::runtime_error(path + ": not 16-bit PCM");
             pcm.channels = static_cast<int>(le(b, body + 2, 2));
             pcm.rate = static_cast<int>(le(b, body + 4, 4));
             haveFormat = true;
         } else if (id == "data") {
             if (!haveFormat) throw std::runtime_error(path + ": data before fmt");
-            for (std::size_t i = 0; i + 1 < size; i += 2) pcm.samples.push_back(static_cast<std::int16_t>(le(b, body + i, 2)));
+            for (std::size_t i = 0; i + 1 < size; i += 2)
+                pcm.samples.push_back(static_cast<std::int16_t>(le(b, body + i, 2)));
         }
         at = body + size + (size & 1);
     }
@@ -238,9 +258,10 @@ void expectCleanLevels(const std::vector<std::int16_t>& s) {
 
 TEST(SoundEffects, EveryEventSoundIsShortAudiblePcm) {
     const std::vector<std::string> names = {
-        "throw.wav", "sThrow.wav", "dThrow.wav", "vGrr.wav",   "dHit.wav",    "ge.wav",        "vg.wav",      "bc.wav",
-        "nBan.wav",  "wBan.wav",   "mBan.wav",   "flyg.wav",   "allb.wav",    "gn.wav",        "g2intro.wav", "classicG.wav",
-        "rapperG.wav", "roboG.wav", "sorcererG.wav", "spaceG.wav", "suitG.wav", "dunikG.wav", "vostrelG.wav"};
+        "throw.wav",     "sThrow.wav", "dThrow.wav",  "vGrr.wav",     "dHit.wav",    "ge.wav",
+        "vg.wav",        "bc.wav",     "nBan.wav",    "wBan.wav",     "mBan.wav",    "flyg.wav",
+        "allb.wav",      "gn.wav",     "g2intro.wav", "classicG.wav", "rapperG.wav", "roboG.wav",
+        "sorcererG.wav", "spaceG.wav", "suitG.wav",   "dunikG.wav",   "vostrelG.wav"};
     for (const auto& name : names) {
         SCOPED_TRACE(name);
         Pcm pcm;
@@ -267,7 +288,8 @@ TEST(SoundEffects, ExplosionIsSunAudioPcm) {
     EXPECT_EQ(be(b, 20, 4), 1u);
     ASSERT_EQ(offset + size, b.size());
     std::vector<std::int16_t> s;
-    for (std::uint32_t i = 0; i + 1 < size; i += 2) s.push_back(static_cast<std::int16_t>(be(b, offset + i, 2)));
+    for (std::uint32_t i = 0; i + 1 < size; i += 2)
+        s.push_back(static_cast<std::int16_t>(be(b, offset + i, 2)));
     EXPECT_GT(static_cast<double>(s.size()) / rate, 0.5);
     expectCleanLevels(s);
 }
@@ -297,15 +319,18 @@ std::uint32_t readVlq(const Bytes& b, std::size_t& at, std::size_t end) {
 // through the tempo map, as a sequencer would play it.
 Tune loadMidi(const std::string& path) {
     const Bytes b = readFile(path);
-    if (b.size() < 14 || std::string(b.begin(), b.begin() + 4) != "MThd") throw std::runtime_error(path + ": no MThd");
+    if (b.size() < 14 || std::string(b.begin(), b.begin() + 4) != "MThd")
+        throw std::runtime_error(path + ": no MThd");
     const std::uint32_t format = be(b, 8, 2), tracks = be(b, 10, 2), division = be(b, 12, 2);
-    if (format > 1 || (division & 0x8000) || division == 0) throw std::runtime_error(path + ": unsupported header");
+    if (format > 1 || (division & 0x8000) || division == 0)
+        throw std::runtime_error(path + ": unsupported header");
     Tune tune;
     std::map<std::uint64_t, std::uint32_t> tempo;  // tick -> microseconds per quarter
     std::uint64_t lastTick = 0;
     std::size_t at = 8 + be(b, 4, 4);
     for (std::uint32_t t = 0; t < tracks; ++t) {
-        if (at + 8 > b.size() || std::string(b.begin() + static_cast<long>(at), b.begin() + static_cast<long>(at) + 4) != "MTrk")
+        if (at + 8 > b.size() || std::string(b.begin() + static_cast<long>(at),
+                                             b.begin() + static_cast<long>(at) + 4) != "MTrk")
             throw std::runtime_error(path + ": missing MTrk");
         const std::size_t end = at + 8 + be(b, at + 4, 4);
         if (end > b.size()) throw std::runtime_error(path + ": track runs past the end");
@@ -337,7 +362,8 @@ Tune loadMidi(const std::string& path) {
                 }
                 const int kind = running & 0xF0;
                 const int dataBytes = (kind == 0xC0 || kind == 0xD0) ? 1 : 2;
-                if (at + static_cast<std::size_t>(dataBytes) > end) throw std::runtime_error(path + ": truncated event");
+                if (at + static_cast<std::size_t>(dataBytes) > end)
+                    throw std::runtime_error(path + ": truncated event");
                 if (kind == 0xC0) tune.programs.insert(b[at]);
                 if (kind == 0x90 && b[at + 1] > 0) {
                     tune.channels.insert(running & 0x0F);
@@ -398,12 +424,14 @@ const std::vector<std::set<std::uint32_t>> kKindColours = {
 
 std::uint32_t darkest(const std::set<std::uint32_t>& colours) {
     auto sum = [](std::uint32_t c) { return ((c >> 16) & 0xFF) + ((c >> 8) & 0xFF) + (c & 0xFF); };
-    return *std::min_element(colours.begin(), colours.end(), [&](auto a, auto b) { return sum(a) < sum(b); });
+    return *std::min_element(colours.begin(), colours.end(),
+                             [&](auto a, auto b) { return sum(a) < sum(b); });
 }
 
 TEST(ProjectileArt, FramesUseOnlyTheirKindsColoursAndSpinClockwise) {
     // Stem corner per frame as (right?, bottom?): bottom-right, bottom-left, top-left, top-right.
-    const std::pair<bool, bool> stemCorner[4] = {{true, true}, {false, true}, {false, false}, {true, false}};
+    const std::pair<bool, bool> stemCorner[4] = {
+        {true, true}, {false, true}, {false, false}, {true, false}};
     for (int kind = 0; kind < 4; ++kind) {
         const std::uint32_t stem = darkest(kKindColours[static_cast<std::size_t>(kind)]);
         for (int frame = 0; frame < 4; ++frame) {
@@ -428,7 +456,8 @@ TEST(ProjectileArt, FramesUseOnlyTheirKindsColoursAndSpinClockwise) {
                     used.insert(c);
                     if (c == stem) sx += x, sy += y, ++stemPixels;
                 }
-            for (std::uint32_t c : used) EXPECT_TRUE(kKindColours[static_cast<std::size_t>(kind)].count(c)) << std::hex << c;
+            for (std::uint32_t c : used)
+                EXPECT_TRUE(kKindColours[static_cast<std::size_t>(kind)].count(c)) << std::hex << c;
             EXPECT_GE(used.size(), 4u) << "shading colours missing";
             EXPECT_GT(body, 25);
             ASSERT_GT(stemPixels, 0);
@@ -457,7 +486,8 @@ TEST(ProjectileArt, SelectorIconsShowTheirKindInsideAWhiteFrame) {
                     EXPECT_EQ(c, kWhite) << x << "," << y;
                 } else if (c != kWhite) {
                     ++inside;
-                    EXPECT_TRUE(kKindColours[static_cast<std::size_t>(kind)].count(c)) << std::hex << c;
+                    EXPECT_TRUE(kKindColours[static_cast<std::size_t>(kind)].count(c))
+                        << std::hex << c;
                 }
             }
         EXPECT_GT(inside, 25);
@@ -473,7 +503,9 @@ TEST(Credits, LineCountMatchesAndEveryLineFitsTheScroll) {
     std::string first;
     std::getline(in, first);
     ASSERT_FALSE(first.empty());
-    ASSERT_TRUE(std::all_of(first.begin(), first.end(), [](char c) { return c >= '0' && c <= '9'; })) << first;
+    ASSERT_TRUE(std::all_of(first.begin(), first.end(), [](char c) {
+        return c >= '0' && c <= '9';
+    })) << first;
     std::vector<std::string> lines;
     for (std::string line; std::getline(in, line);) lines.push_back(line);
     EXPECT_EQ(std::stoul(first), lines.size());

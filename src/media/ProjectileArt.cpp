@@ -14,6 +14,7 @@ constexpr std::uint32_t kWhite = 0xFFFFFF;
 // the whole spin. '.' is background, every other letter is looked up in the
 // kind's palette.
 //   L light edge   Y body   S shaded edge   T stem   K stem end (darkest)
+// clang-format off
 constexpr std::array<std::string_view, 10> kBanana = {
     "..........",
     ".L........",
@@ -72,8 +73,11 @@ constexpr std::array<std::string_view, 10> kMagnet = {
     "..........",
 };
 
+// clang-format on
+
 using Palette = std::array<std::pair<char, std::uint32_t>, 7>;
 
+// clang-format off
 constexpr std::array<Palette, 4> kPalettes = {{
     {{{'Y', 0xECEE04}, {'L', 0xD8CE16}, {'S', 0xABA412}, {'T', 0x545401}, {'K', 0x040204}}},
     {{{'Y', 0x67EE04}, {'L', 0x73D816}, {'S', 0x5BAB12}, {'T', 0x255401}, {'K', 0x040203}}},
@@ -81,6 +85,7 @@ constexpr std::array<Palette, 4> kPalettes = {{
     {{{'R', 0xE55130}, {'A', 0x7C7B72}, {'B', 0x666656}, {'C', 0x636359},
       {'D', 0x313123}, {'E', 0x2C2C28}, {'K', 0x030303}}},
 }};
+// clang-format on
 
 template <std::size_t N>
 Sprite fromMap(const std::array<std::string_view, N>& map, const Palette& palette) {
@@ -119,13 +124,18 @@ Sprite turnClockwise(const Sprite& in) {
 Sprite firstFrame(int kind) {
     const Palette& palette = kPalettes[static_cast<std::size_t>(kind)];
     switch (kind) {
-        case 2: return fromMap(kWarBanana, palette);
-        case 3: return fromMap(kMagnet, palette);
-        default: return fromMap(kBanana, palette);
+        case 2:
+            return fromMap(kWarBanana, palette);
+        case 3:
+            return fromMap(kMagnet, palette);
+        default:
+            return fromMap(kBanana, palette);
     }
 }
 
-bool validKind(int kind) { return kind >= 0 && kind <= 3; }
+bool validKind(int kind) {
+    return kind >= 0 && kind <= 3;
+}
 
 }  // namespace
 

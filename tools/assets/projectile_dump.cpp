@@ -8,10 +8,12 @@
 int main() {
     for (int kind = 0; kind < 4; ++kind) {
         for (int frame = -1; frame < 4; ++frame) {
-            const grumbo::Sprite s = frame < 0 ? grumbo::selectorIcon(kind) : grumbo::projectileFrame(kind, frame);
+            const grumbo::Sprite s =
+                frame < 0 ? grumbo::selectorIcon(kind) : grumbo::projectileFrame(kind, frame);
             std::printf("%d %d %d %d\n", kind, frame, s.width, s.height);
             for (int y = 0; y < s.height; ++y) {
-                for (int x = 0; x < s.width; ++x) std::printf("%06x ", static_cast<unsigned>(s.rgb[y * s.width + x]));
+                for (int x = 0; x < s.width; ++x)
+                    std::printf("%06x ", static_cast<unsigned>(s.rgb[y * s.width + x]));
                 std::printf("\n");
             }
         }
