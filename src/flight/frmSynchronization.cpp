@@ -1,12 +1,131 @@
 #include "flight/frmSynchronization.h"
 
-frmSynchronization::frmSynchronization() : ui::Form(722, 466, Qt::Tool) {}
+#include "app/modMain.h"
+#include "match/frmGrumbo.h"
+#include "screens/frmLoading.h"
+#include "ui/Clock.h"
+
+using namespace modMain;
+using grumbo::Int;
+
+namespace {
+constexpr int kAreaHeight = 127;
+constexpr int kTestInterval = 24;
+constexpr int kTargetMs = 960;
+constexpr int kAdjustDivisor = 30;
+// Fixed test throw: velocity 45 at 45 degrees gives 31 both ways; gravity 9.8.
+constexpr double kVelocity = 31;
+constexpr double kHalfGravity = 4.9;
+constexpr int kStartTop = 115;
+// The test normally takes 30 ticks; a timer that stalls must not keep the match from starting.
+constexpr int kGiveUpMs = 10000;
+constexpr int kDesignedMatchInterval = 32;
+}  // namespace
+
+frmSynchronization::frmSynchronization(int areaWidth)
+    : ui::Form(142, 133, Qt::Tool),
+      tmrMain(kTestInterval),
+      tmrCollision(30),
+      areaWidth_(areaWidth) {}
 
 frmSynchronization& frmSynchronization::Instance() {
     static frmSynchronization f;
     return f;
 }
 
-void frmSynchronization::CreateControls(QWidget* window) { (void)window; }
+void frmSynchronization::CreateControls(QWidget* window) {
+    SetCaption(QStringLiteral("Synchronizing Tests"));
+    picArea = new ui::PictureBox(window, QStringLiteral("picArea"), 0, 1, areaWidth_, kAreaHeight);
+    // The match screen's normal frames, so the test spins the same pictures a match does.
+    Projectile = frmGrumbo::Instance().Projectile;
+    imgProjectile = new ui::PictureBox(picArea, QStringLiteral("imgProjectile"), 0, 0, 10, 10);
+    imgProjectile->ShowFrame(Projectile[0]);
+    tmrMain.SetEnabled(false);
+    tmrCollision.SetEnabled(false);
+    tmrMain.SetHandler([this] { tmrMain_Timer(); });
+    tmrCollision.SetHandler([this] { tmrCollision_Timer(); });
+}
 
-void frmSynchronization::Form_Load() {}
+void frmSynchronization::PaintTestArea() {
+    DrawGradient(*picArea, 3, 61, 155, 80, 167, 254, 0, static_cast<float>(picArea->Width()), 0,
+                 static_cast<float>(picArea->Height()));
+}
+
+void frmSynchronization::Form_Load() {
+    PlaySoundFile(DataFile(QStringLiteral("sounds/gn.wav")));
+    tmrMain.SetInterval(kTestInterval);
+    imgProjectile->Move(0, kStartTop);
+    PaintTestArea();
+    intFlightTime = 0;
+    intTickDivisor = 10;
+    intHandY = grumbo::CInt(imgProjectile->Top());
+    intHandX = grumbo::CInt(imgProjectile->Left());
+    if (!FlyTest()) {
+        frmLoading::Instance().SetStatus(
+            QStringLiteral("Test did not finish, timers left at %1").arg(kDesignedMatchInterval));
+        frmGrumbo::Instance().tmrMain.SetInterval(kDesignedMatchInterval);
+        return;
+    }
+    AdjustMatchTimer();
+}
+
+bool frmSynchronization::FlyTest() {
+    tmrCollision.SetEnabled(true);
+    tmrMain.SetEnabled(true);
+    frmLoading& loading = frmLoading::Instance();
+    loading.SetProgress(0);
+    ui::Clock& clock = ui::clock();
+    const std::int32_t start = clock.TickCount();
+    while (imgProjectile->Left() <= picArea->Width() - 10) {
+        if (ui::TicksSince(start, clock.TickCount()) > kGiveUpMs) return false;
+        // Blocks until the next timer tick instead of spinning through the wait.
+        clock.WaitEvents(clock.TickCount() + tmrMain.Interval());
+        loading.SetProgress(imgProjectile->Left() / 100.0 * 100);
+    }
+    return true;
+}
+
+void frmSynchronization::AdjustMatchTimer() {
+    intTestTime = grumbo::CInt(static_cast<double>(intFlightTime) * tmrMain.Interval());
+    double interval = tmrMain.Interval();
+    if (intTestTime > kTargetMs) interval -= static_cast<double>(intTestTime - kTargetMs) / kAdjustDivisor;
+    else if (intTestTime < kTargetMs) interval += static_cast<double>(kTargetMs - intTestTime) / kAdjustDivisor;
+    // An interval below 1 ms would leave the flight timer silent.
+    const int adjusted = std::max<int>(1, grumbo::CInt(interval));
+    frmLoading::Instance().SetStatus(QStringLiteral("Test completed in ") +
+                                     QString::number(intTestTime) + QStringLiteral(" ms, ") +
+                                     QStringLiteral("adjusted timers to ") +
+                                     QString::number(adjusted));
+    frmGrumbo::Instance().tmrMain.SetInterval(adjusted);
+}
+
+void frmSynchronization::Form_Unload(bool& cancel) {
+    (void)cancel;
+    tmrMain.SetEnabled(false);
+    tmrCollision.SetEnabled(false);
+}
+
+void frmSynchronization::tmrMain_Timer() {
+    intFlightTime += 1;
+    intFrame = static_cast<Integer>((intFrame + 1) % 4);
+    imgProjectile->ShowFrame(Projectile[intFrame]);
+    const double tau = static_cast<double>(intFlightTime) / intTickDivisor;
+    imgProjectile->SetTop(intHandY - static_cast<int>(Int(kVelocity * tau - kHalfGravity * tau * tau)));
+    imgProjectile->SetLeft(intHandX + static_cast<int>(Int(kVelocity * tau)));
+    const int top = imgProjectile->Top(), left = imgProjectile->Left();
+    if (top > 486 || top < -1800 || left > 762 || left < -40)
+        frmLoading::Instance().SetStatus(QStringLiteral("Off edge???"));
+}
+
+void frmSynchronization::tmrCollision_Timer() {
+    // The painted gradient is blue-dominant everywhere; anything else under the projectile means
+    // the test area was not drawn as it should be.
+    const int Y = imgProjectile->Top() + 10;
+    for (int dx = 0; dx <= imgProjectile->Width(); dx += 10) {
+        const std::int32_t c = picArea->Point(imgProjectile->Left() + dx, Y);
+        const int red = c % 256, green = static_cast<int>(Int(c / 256.0)) % 256;
+        const int blue = static_cast<int>(Int(c / 65536.0));
+        if (c != -1 && !(blue > red + green))
+            frmLoading::Instance().SetStatus(QStringLiteral("Collision???"));
+    }
+}

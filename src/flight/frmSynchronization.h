@@ -1,14 +1,47 @@
 #pragma once
-// The timer calibration screen: loaded, never shown; its loading runs a test throw and sets the
-// match screen's flight timer to what this machine manages.
+// The timer calibration screen: loaded, never shown. Its loading runs a test throw over a small
+// test area and sets the match screen's flight timer from the number of ticks the test took.
+#include <array>
+
+#include "app/Numeric.h"
 #include "ui/Form.h"
+#include "ui/PictureBox.h"
+#include "ui/Surface.h"
+#include "ui/Timer.h"
 
 class frmSynchronization : public ui::Form {
 public:
-    frmSynchronization();
+    using Integer = grumbo::Integer;
+
+    // The designed test area is 101 pixels wide; other widths exist for checking the adjustment.
+    explicit frmSynchronization(int areaWidth = 101);
     static frmSynchronization& Instance();
+
+    Integer intFlightTime = 0;
+    Integer intTickDivisor = 10;
+    Integer intHandX = 0, intHandY = 0;
+    Integer intFrame = 0;
+    Integer intTestTime = 0;
+
+    ui::PictureBox* picArea = nullptr;
+    ui::PictureBox* imgProjectile = nullptr;
+    std::array<ui::Surface, 4> Projectile;
+    ui::Timer tmrMain;
+    ui::Timer tmrCollision;
+
+    void tmrMain_Timer();
+    void tmrCollision_Timer();
 
 protected:
     void CreateControls(QWidget* window) override;
     void Form_Load() override;
+    void Form_Unload(bool& cancel) override;
+
+private:
+    void PaintTestArea();
+    // Runs the test throw until it passes the test area; false when it ran out of time.
+    bool FlyTest();
+    void AdjustMatchTimer();
+
+    int areaWidth_;
 };

@@ -1,0 +1,101 @@
+// Collision detection by colour: a character is touched where its picture differs from the sky
+// behind it, a building where the scene layer differs from the sky layer. The sampling is sparse
+// on purpose (one column for characters, one row for buildings, 10 pixels apart) to keep a check
+// cheap.
+#include "match/frmGrumbo.h"
+
+using namespace modMain;
+
+namespace {
+
+// Buildings are only looked for from this top edge down; the sampled row lies 10 pixels lower.
+constexpr int kBuildingTop = 168;
+
+// True once a character hit has been reported.
+bool CheckCharacters(frmGrumbo& f) {
+    ui::PictureBox& projectile = *f.imgProjectile;
+    for (int i = 0; i < intPlayers; ++i) {
+        ui::PictureBox& c = *f.Player[i];
+        const int L = c.Left(), T = c.Top(), W = c.Width();
+        const int P = projectile.Left();
+        if (i == f.intCurrentPlayer || T >= 467 || L - 10 >= P || L + W + 10 <= P) continue;
+
+        const int X = projectile.Left() + 1;
+        const int height = projectile.Height();
+        for (int dy = 0; dy <= height; dy += 10) {
+            const int Y = projectile.Top() + dy;
+            f.lngPlayerColor = c.Point(X - L, Y - T);
+            if (f.lngPlayerColor == -1) continue;
+            f.lngBgColor = f.picBg->Point(X, Y);
+            if (f.lngPlayerColor != f.lngBgColor) {
+                f.tmrMain.SetEnabled(false);
+                f.PlayerCollision(static_cast<grumbo::Integer>(i));
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+void CheckBuildings(frmGrumbo& f) {
+    ui::PictureBox& projectile = *f.imgProjectile;
+    if (projectile.Top() < kBuildingTop) return;
+    const int width = projectile.Width();
+    for (int dx = 0; dx <= width; dx += 10) {
+        const int X = projectile.Left() + dx;
+        const int Y = projectile.Top() + 10;
+        f.lngBgColor = f.picBg->Point(X, Y);
+        f.lngColor = f.picBld->Point(X, Y);
+        if (f.lngBgColor != f.lngColor) {
+            f.BuildingCollision(grumbo::CInt(X));
+            return;
+        }
+    }
+}
+
+// The hit handlers yield to window events, and meanwhile the throw may have ended (the war
+// projectile flies on and may leave the field) and even a new one begun. What is left of a check
+// only goes on for the same flight.
+bool SameFlight(frmGrumbo& f, grumbo::Integer thrower) {
+    return f.tmrCollision.Enabled() && f.intCurrentPlayer == thrower;
+}
+
+}  // namespace
+
+void frmGrumbo::tmrCollision_Timer() {
+    // A check stops at the first hit it reports: after a character hit the projectile may already
+    // be hidden or parked at the next thrower's hand, and must not be reported again.
+    if (CheckCharacters(*this)) return;
+    CheckBuildings(*this);
+}
+
+void frmGrumbo::BuildingCollision(Integer intNuke) {
+    const Integer thrower = intCurrentPlayer;
+    switch (intProjectileKind) {
+        case 1:  // the nuke dissolves the building and whoever stands on it
+            tmrMain.SetEnabled(false);
+            imgProjectile->hide();
+            VaporizeBuilding(intNuke);
+            // A character on the building has already been scored, and the turn ended with it.
+            if (!blnNukedPlayer) {
+                DoEvents();
+                intMisses[thrower] += 1;
+                Points();
+                Afterthrow();
+            }
+            break;
+        case 2:  // the war projectile bores on through the city; its craters count no miss
+            HitBuilding();
+            if (SameFlight(*this, thrower) && imgProjectile->Top() >= 450) Points();
+            break;
+        default:  // normal and magnetic projectiles stop in the crater
+            intMisses[thrower] += 1;
+            tmrMain.SetEnabled(false);
+            imgProjectile->hide();
+            HitBuilding();
+            DoEvents();
+            Points();
+            Afterthrow();
+            break;
+    }
+}
