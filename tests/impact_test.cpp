@@ -1,0 +1,329 @@
+// What a throw leaves behind: craters, hits, the turn change, points and the final board. The
+// handlers are called directly on a standing round; time is the virtual clock's.
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+
+#include <vector>
+
+#include "TestSupport.h"
+#include "app/modMain.h"
+
+using namespace testing_support;
+using namespace modMain;
+
+namespace {
+int Centre(const ui::PictureBox& p) { return grumbo::CInt(p.Left() + p.Width() / 2.0); }
+
+void Script(std::vector<double> values) { grumbo::ScriptRnd(values.data(), values.size()); }
+
+bool IsSky(const frmGrumbo& f, int x, int y) { return f.picBld->Point(x, y) == f.picBg->Point(x, y); }
+}  // namespace
+
+class Impact : public GameTest {
+protected:
+    frmGrumbo& Start(int players) {
+        frmGrumbo& f = StartMatch(players);
+        blnWindGusts = false;
+        intFragLimit = 99;
+        f.tmrMIDI.SetEnabled(false);  // a tune change would draw from scripted random numbers
+        effects.played.clear();
+        return f;
+    }
+    // Puts the projectile's centre at (x, y).
+    static void ShotAt(frmGrumbo& f, int x, int y) {
+        f.imgProjectile->Move(x - f.imgProjectile->Width() / 2, y - f.imgProjectile->Height() / 2);
+        ASSERT_EQ(Centre(*f.imgProjectile), x);
+    }
+    // Stands a character with its centre at x, its left edge given by the centre.
+    static void CentreAt(ui::PictureBox& p, int x) {
+        p.SetLeft(x - p.Width() / 2);
+        ASSERT_EQ(Centre(p), x);
+    }
+    QStringList Played() const {
+        QStringList out;
+        for (const QString& p : effects.played) out << Relative(p);
+        return out;
+    }
+};
+
+TEST_F(Impact, NearMissPointsFallWithTheDistanceToTheEnemy) {
+    frmGrumbo& f = Start(2);
+    const int enemy = Centre(*f.Player[1]);
+    f.lblPoint->setText(QStringLiteral("none"));
+    ShotAt(f, enemy - 4, 300);
+    f.Points();
+    EXPECT_EQ(f.lngPoints[0], 0);
+    EXPECT_EQ(f.lblPoint->text(), QStringLiteral("none"));
+
+    ShotAt(f, enemy + 5, 300);
+    f.Points();
+    EXPECT_EQ(f.lngPoints[0], 20000);
+    EXPECT_EQ(f.lblPoint->text(), QStringLiteral("20000"));
+    EXPECT_EQ(f.lblPoint->y(), 300 - 5 - 10 - 28) << "the popup rises 28 px above its start";
+    EXPECT_TRUE(f.lblPoint->isHidden());
+
+    ShotAt(f, enemy - 7, 300);  // the fractional quotient counts: not 142 x 100
+    f.Points();
+    EXPECT_EQ(f.lngPoints[0], 20000 + 14285);
+}
+
+TEST_F(Impact, NearMissPointsInTeamsSumBothEnemyDistances) {
+    frmGrumbo& f = Start(4);
+    CentreAt(*f.Player[2], 400);
+    CentreAt(*f.Player[3], 600);
+    ShotAt(f, 300, 300);
+    f.Points();
+    EXPECT_EQ(f.lngPoints[0], 500);
+
+    CentreAt(*f.Player[3], 296);
+    CentreAt(*f.Player[2], 306);  // 6 and 4: one enemy too close, nothing at all
+    f.Points();
+    EXPECT_EQ(f.lngPoints[0], 500);
+}
+
+TEST_F(Impact, CratersAreSkyAndWarTunnelsSkipTheRedRing) {
+    frmGrumbo& f = Start(2);
+    const ui::PictureBox& p = *f.Player[0];
+    const int x = Centre(p), y = p.Top() + p.Height() + 40;  // well inside his own building
+    const ui::Surface before = f.picBld->surface();
+    ShotAt(f, x, y);
+    const std::int32_t t0 = clock.TickCount();
+    f.HitBuilding();
+    EXPECT_GE(clock.TickCount() - t0, 8) << "the crater grows ring by ring";
+    for (int dy = -7; dy <= 7; ++dy)
+        for (int dx = -7; dx <= 7; ++dx)
+            if (dx * dx + dy * dy <= 49) {
+                ASSERT_TRUE(IsSky(f, x + dx, y + dy)) << dx << "," << dy;
+            }
+    EXPECT_EQ(f.picBld->Point(x + 11, y), before.Point(x + 11, y));
+    EXPECT_TRUE(Played().contains(QStringLiteral("sounds/bc.wav")));
+
+    f.intProjectileKind = 2;
+    ShotAt(f, x + 6, y + 12);
+    const std::int32_t t1 = clock.TickCount();
+    f.HitBuilding();
+    EXPECT_EQ(clock.TickCount(), t1);
+    EXPECT_TRUE(f.blnWarHit);
+    EXPECT_TRUE(IsSky(f, x + 6, y + 19));
+    EXPECT_EQ(f.intMisses[0], 0);
+}
+
+TEST_F(Impact, TurnsAlternateAndPassOverFraggedCharacters) {
+    frmGrumbo& f = Start(2);
+    f.Afterthrow();
+    EXPECT_EQ(f.intCurrentPlayer, 1);
+    EXPECT_EQ(f.Caption(), QStringLiteral("Player 2 - 0 pts"));
+    EXPECT_EQ(f.lblPlayerPoints[0]->text(), QStringLiteral("Player 1: 0"));
+    EXPECT_TRUE(f.txtAngle->isEnabled() && f.txtAngle->text().isEmpty());
+    f.Afterthrow();
+    EXPECT_EQ(f.intCurrentPlayer, 0);
+    LeaveMatch();
+
+    frmGrumbo& g = Start(4);
+    std::vector<int> order{g.intCurrentPlayer};
+    for (int i = 0; i < 4; ++i) {
+        g.Afterthrow();
+        order.push_back(g.intCurrentPlayer);
+    }
+    EXPECT_EQ(order, (std::vector<int>{0, 2, 1, 3, 0}));
+
+    g.Player[2]->SetTop(467);
+    g.strFragged = QStringLiteral("2");
+    g.Afterthrow();
+    EXPECT_EQ(g.intCurrentPlayer, 1);
+    g.Afterthrow();
+    EXPECT_EQ(g.intCurrentPlayer, 3);
+
+    // A wiped-out team ends the round: the order goes on without skipping.
+    g.Player[3]->SetTop(467);
+    g.strFragged = QStringLiteral("23");
+    g.intCurrentPlayer = 0;
+    g.Afterthrow();
+    EXPECT_EQ(g.intCurrentPlayer, 2);
+}
+
+TEST_F(Impact, TurnChangeShowsHeldSpecialsAndTakesTheUsedOne) {
+    frmGrumbo& f = Start(2);
+    f.intSpecials = {};
+    f.intSpecials[0][1] = 1;
+    f.intSpecials[1][2] = 1;
+    f.intSpecials[1][3] = 1;
+    f.intProjectileKind = 1;
+    f.Afterthrow();
+    EXPECT_EQ(f.intSpecials[0][1], 0);
+    EXPECT_EQ(f.intProjectileKind, 0);
+    EXPECT_TRUE(f.picSelect[1]->isHidden());
+    const int step = f.picSelect[0]->Width() + 5;
+    EXPECT_EQ(f.picSelect[2]->Left(), f.picSelect[0]->Left() + step);
+    EXPECT_EQ(f.picSelect[3]->Left(), f.picSelect[0]->Left() + 2 * step);
+    EXPECT_FALSE(f.picSelect[2]->isHidden() || f.picSelect[3]->isHidden());
+    EXPECT_EQ(Played().filter(QStringLiteral("Ban.wav")),
+              (QStringList{QStringLiteral("sounds/wBan.wav"), QStringLiteral("sounds/mBan.wav")}));
+}
+
+TEST_F(Impact, WindGustsRedrawTheWindAfterEveryThrow) {
+    frmGrumbo& f = Start(2);
+    blnWindGusts = true;
+    intWindExtremity = 35;
+    Script({0.4, 0.9});
+    f.Afterthrow();
+    EXPECT_DOUBLE_EQ(dblWind, 0.15);
+    EXPECT_EQ(intWindMode, 2);
+    EXPECT_EQ(f.lblWind->text(), QStringLiteral("15 pps"));
+
+    intWindExtremity = 0;  // gusts blow even in a match set to no wind
+    Script({0.7, 0.1});
+    f.Afterthrow();
+    EXPECT_DOUBLE_EQ(dblWind, 0.01);
+    EXPECT_EQ(intWindMode, 1);
+}
+
+TEST_F(Impact, HitScoresTheSideAndANewCityKeepsScoresAndTurn) {
+    frmGrumbo& f = Start(2);
+    f.PlayerCollision(1);
+    EXPECT_EQ(f.intFrags[0], 1);
+    EXPECT_EQ(f.lngPoints[0], 25000);
+    EXPECT_EQ(f.lblPoint->text(), QStringLiteral("25000"));
+    EXPECT_EQ(f.lblLeft->text(), QStringLiteral("1"));
+    EXPECT_EQ(f.lblRight->text(), QStringLiteral("0"));
+    EXPECT_EQ(f.lblcRound->text(), QStringLiteral("2"));
+    const QStringList played = Played();
+    EXPECT_LT(played.indexOf(QStringLiteral("Explosion-2.au")), played.indexOf(QStringLiteral("sounds/ge.wav")));
+    // The new round: everybody back on a roof, the scores kept, the turn with player 2.
+    EXPECT_TRUE(f.strFragged.isEmpty());
+    EXPECT_FALSE(f.blnRoundOver);
+    EXPECT_LE(f.Player[1]->Top(), 466);
+    EXPECT_EQ(f.intCurrentPlayer, 1);
+    EXPECT_EQ(f.Caption(), QStringLiteral("Player 2 - 0 pts"));
+    EXPECT_EQ(f.lblPlayerPoints[0]->text(), QStringLiteral("Player 1: 25000"));
+
+    strCharacter[1] = QStringLiteral("Dunik");
+    f.PlayerCollision(1);  // an own goal scores for the other side
+    EXPECT_EQ(f.lngPoints[1], -5000);
+    EXPECT_EQ(f.lblPoint->text(), QStringLiteral("-5000"));
+    EXPECT_EQ(f.lblLeft->text(), QStringLiteral("2"));
+    EXPECT_EQ(f.lblcRound->text(), QStringLiteral("3"));
+    EXPECT_TRUE(Played().contains(QStringLiteral("sounds/dHit.wav")));
+    EXPECT_TRUE(messages.isEmpty());
+}
+
+TEST_F(Impact, TeamRoundNeedsBothEnemiesFragged) {
+    frmGrumbo& f = Start(4);
+    f.intMisses[0] = 2;
+    f.PlayerCollision(2);
+    EXPECT_EQ(f.strFragged, QStringLiteral("2"));
+    EXPECT_EQ(f.lblLeft->text(), QStringLiteral("0"));
+    EXPECT_EQ(f.Player[2]->Top(), 467) << "no new city yet";
+    EXPECT_EQ(f.intMissMark[0], 2);
+    EXPECT_EQ(f.intCurrentPlayer, 1) << "2 is gone, so 1 follows 0";
+
+    f.PlayerCollision(3);
+    EXPECT_EQ(f.lblLeft->text(), QStringLiteral("1"));
+    EXPECT_EQ(f.lblcRound->text(), QStringLiteral("2"));
+    EXPECT_TRUE(f.strFragged.isEmpty());
+    EXPECT_LE(f.Player[2]->Top(), 466);
+    EXPECT_EQ(f.intCurrentPlayer, 3);
+}
+
+TEST_F(Impact, SpecialAwardChanceShrinksWithWastedThrows) {
+    frmGrumbo& f = Start(2);
+    // Wasted throws since the mark, the scripted draws (kind, then chance), the award expected.
+    struct Case {
+        int wasted;
+        std::vector<double> draws;
+        int kind;  // 0: none
+    };
+    const Case cases[] = {{0, {0.5}, 2}, {2, {0.0, 0.34}, 1}, {2, {0.0, 0.25}, 0},
+                          {3, {0.9, 0.45}, 3}, {4, {0.0, 0.99}, 0}};
+    for (const Case& c : cases) {
+        f.intCurrentPlayer = 0;
+        f.intSpecials = {};
+        f.intMissMark[0] = 1;
+        f.intMisses[0] = static_cast<grumbo::Integer>(1 + c.wasted);
+        Script(c.draws);
+        f.PlayerCollision(1);
+        for (int k = 1; k <= 3; ++k)
+            EXPECT_EQ(f.intSpecials[0][k], k == c.kind ? 1 : 0) << "wasted " << c.wasted << " kind " << k;
+    }
+}
+
+TEST_F(Impact, NukeDissolvesTheBuildingAndFragsWhoStandsOnIt) {
+    frmGrumbo& f = Start(4);
+    // A scene of our own: one block from x = 300 to 359, roof at 300, sky on both sides.
+    f.picBld->SetPicture(f.picBg->surface());
+    f.picBld->surface().FillRect(300, 300, 359, 465, ui::RGB(90, 90, 90));
+    for (ui::PictureBox* p : f.Player) p->SetLeft(20);
+    f.intProjectileKind = 1;
+    f.blnNukedPlayer = false;
+    f.VaporizeBuilding(330);
+    for (int y = 290; y <= 465; y += 5)
+        for (int x = 295; x <= 365; x += 5) ASSERT_TRUE(IsSky(f, x, y)) << x << "," << y;
+    EXPECT_FALSE(f.blnNukedPlayer);
+    EXPECT_EQ(f.intFrags[0], 0);
+    EXPECT_TRUE(Played().contains(QStringLiteral("sounds/vg.wav")));
+
+    // Player 3 already fragged on the block: not hit again, and the throw counts as a miss.
+    f.picBld->surface().FillRect(300, 300, 359, 465, ui::RGB(90, 90, 90));
+    f.Player[3]->Move(310, 467);
+    f.blnNukedPlayer = true;
+    f.VaporizeBuilding(330);
+    EXPECT_FALSE(f.blnNukedPlayer);
+    EXPECT_EQ(f.intFrags[0], 0);
+
+    // Player 2 standing on it: dissolved and fragged; a left edge on the first column is spared.
+    f.picBld->surface().FillRect(300, 300, 359, 465, ui::RGB(90, 90, 90));
+    f.Player[2]->Move(310, 300 - f.Player[2]->Height());
+    f.Player[3]->Move(300, 300 - f.Player[3]->Height());
+    f.VaporizeBuilding(330);
+    EXPECT_TRUE(f.blnNukedPlayer);
+    EXPECT_EQ(f.intFrags[0], 1);
+    EXPECT_EQ(f.strFragged, QStringLiteral("2"));
+    EXPECT_EQ(f.Player[2]->Top(), 467);
+    EXPECT_LE(f.Player[3]->Top(), 466);
+    EXPECT_EQ(f.intMisses[0], 0);
+}
+
+TEST_F(Impact, FinalBoardDarkensOddRowsAndListsEveryPlayer) {
+    frmGrumbo& f = Start(2);
+    intFragLimit = 1;
+    f.intFrags[1] = 3;
+    f.intMisses[1] = 1;
+    f.intFrags[0] = 1;  // becomes 2 with the deciding hit below
+    f.intMisses[0] = 1;
+    f.picBld->surface().PSet(0, 1, ui::RGB(200, 101, 3));
+    const std::int32_t evenRow = f.picBld->Point(500, 2);
+    f.PlayerCollision(1);
+
+    EXPECT_EQ(f.lblcRound->text(), QStringLiteral("1")) << "rounds played";
+    EXPECT_EQ(f.strFragged, QStringLiteral("1")) << "no new city after the last round";
+    EXPECT_EQ(f.lbl2->text(), QStringLiteral("1"));
+    EXPECT_EQ(f.lbl4->text(), QStringLiteral("0"));
+    EXPECT_EQ(f.lblAccuracy[0]->text(), QStringLiteral("66 %"));
+    EXPECT_EQ(f.lblAccuracy[1]->text(), QStringLiteral("75 %"));
+    EXPECT_EQ(f.lblFrags[0]->text(), QStringLiteral("2"));
+    EXPECT_EQ(f.lblPoints[0]->text(), QStringLiteral("25000"));
+    EXPECT_FALSE(f.lbl8->isHidden() || f.lblName[1]->isHidden());
+    EXPECT_TRUE(f.lblName[2]->isHidden());
+    EXPECT_TRUE(f.picArrow->isHidden());
+    EXPECT_EQ(f.Player[0]->Top(), 467);
+
+    // 60 % of each channel, rounded: 200 -> 120, 101 -> 60.6 -> 61, 3 -> 1.8 -> 2.
+    EXPECT_EQ(f.picBld->Point(0, 1), ui::RGB(120, 61, 2));
+    EXPECT_EQ(f.picBld->Point(721, 1), ui::RGB(120, 61, 2));
+    EXPECT_EQ(f.picBld->Point(500, 2), evenRow);
+    const std::int32_t sky = f.picBg->Point(0, 465);
+    const auto dark = [](int v) { return grumbo::CInt(v * 0.6); };
+    const std::int32_t last = ui::RGB(dark(sky & 0xFF), dark((sky >> 8) & 0xFF), dark(sky >> 16));
+    EXPECT_EQ(f.picBld->Point(0, 465), last);
+    EXPECT_EQ(f.picBld->Point(721, 465), last);
+    EXPECT_EQ(f.picBld->Point(0, 464), f.picBg->Point(0, 464));
+}
+
+TEST_F(Impact, NoFragsShowNoAccuracy) {
+    frmGrumbo& f = Start(4);
+    f.intMisses[2] = 7;
+    f.EndGame();
+    EXPECT_EQ(f.lblAccuracy[2]->text(), QStringLiteral("0 %"));
+    EXPECT_FALSE(f.lblFrags[3]->isHidden());
+}
