@@ -8,6 +8,7 @@
 
 #include "TestSupport.h"
 #include "app/modMain.h"
+#include "ui/Timer.h"
 
 using namespace testing_support;
 using namespace modMain;
@@ -96,6 +97,8 @@ TEST_F(Impact, CratersAreSkyAndWarTunnelsSkipTheRedRing) {
             if (dx * dx + dy * dy <= 49) {
                 ASSERT_TRUE(IsSky(f, x + dx, y + dy)) << dx << "," << dy;
             }
+    for (const auto& [dx, dy] : {std::pair{8, 0}, {-8, 0}, {0, 8}, {0, -8}})
+        EXPECT_TRUE(IsSky(f, x + dx, y + dy)) << "radius 8 at " << dx << "," << dy;
     EXPECT_EQ(f.picBld->Point(x + 11, y), before.Point(x + 11, y));
     EXPECT_TRUE(Played().contains(QStringLiteral("sounds/bc.wav")));
 
@@ -326,4 +329,22 @@ TEST_F(Impact, NoFragsShowNoAccuracy) {
     f.EndGame();
     EXPECT_EQ(f.lblAccuracy[2]->text(), QStringLiteral("0 %"));
     EXPECT_FALSE(f.lblFrags[3]->isHidden());
+}
+
+TEST_F(Impact, LeavingTheMatchDuringAnAnimationStopsTheHandling) {
+    frmGrumbo& f = Start(2);
+    // The pause menu's "Start Over" closes the match screen while the explosion still runs.
+    ui::Timer startOver(100, [&] {
+        blnInMatch = false;
+        f.Unload();
+    });
+    startOver.SetEnabled(true);
+    f.PlayerCollision(1);
+    startOver.SetEnabled(false);
+    EXPECT_FALSE(f.Loaded());
+    EXPECT_EQ(f.intFrags[0], 0);
+    // What the flight would still call after the hit returns does nothing on a closed screen.
+    f.Points();
+    f.Afterthrow();
+    EXPECT_EQ(f.intCurrentPlayer, 0);
 }

@@ -48,6 +48,7 @@ int RowAboveRoof(const frmGrumbo& f, const Span& b) {
 }  // namespace
 
 void frmGrumbo::HitBuilding() {
+    if (!Loaded()) return;
     PlaySoundFile(DataFile(QStringLiteral("sounds/bc.wav")));
     const impact::ScreenWatch watch(*this);
     if (intProjectileKind != 2) {
@@ -69,6 +70,7 @@ void frmGrumbo::HitBuilding() {
 }
 
 void frmGrumbo::VaporizeBuilding(Integer intX) {
+    if (!Loaded()) return;
     PlaySoundFile(DataFile(QStringLiteral("sounds/vg.wav")));
     const impact::ScreenWatch watch(*this);
     const Span b = BuildingAt(*this, intX);

@@ -10,7 +10,8 @@ namespace impact {
 
 // The hit animations hand control to the event loop, and a player may leave the match from the
 // pause menu while one runs, which takes every control with the window. An animation checks its
-// watch after each yield and stops when the screen it started on is gone.
+// watch after each yield and stops when the screen it started on is gone; the handlers that the
+// flight calls after such an animation return at once on a closed screen.
 class ScreenWatch {
 public:
     explicit ScreenWatch(const frmGrumbo& f) : f_(f), window_(f.window()) {}

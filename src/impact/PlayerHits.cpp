@@ -68,6 +68,7 @@ bool NeedsNewCity(const QString& fragged) {
 }  // namespace
 
 void frmGrumbo::PlayerCollision(Integer intPlayer) {
+    if (!Loaded()) return;
     const impact::ScreenWatch watch(*this);
     const Integer thrower = intCurrentPlayer;
     ui::PictureBox& hit = *Player[intPlayer];

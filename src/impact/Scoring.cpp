@@ -30,6 +30,7 @@ QString impact::AccuracyText(grumbo::Integer frags, grumbo::Integer misses) {
 }
 
 void frmGrumbo::Points() {
+    if (!Loaded()) return;
     const ui::PictureBox& shot = *imgProjectile;
     const int impactX = Centre(shot);
     lblPoint->move(CInt(shot.Left() + shot.Width() / 2.0 - lblPoint->width() / 2.0), shot.Top() - 10);
@@ -51,6 +52,7 @@ void frmGrumbo::Points() {
 }
 
 void frmGrumbo::ShowPoints(Integer intPoints) {
+    if (!Loaded()) return;
     const impact::ScreenWatch watch(*this);
     ui::SetLabelColour(lblPoint, Qt::white);
     lblPoint->setText(QString::number(intPoints));

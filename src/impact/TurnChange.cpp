@@ -59,6 +59,7 @@ bool impact::TeamFragged(const QString& fragged) {
 }
 
 void frmGrumbo::Afterthrow() {
+    if (!Loaded()) return;
     const Integer thrower = intCurrentPlayer;
     lblPlayerPoints[thrower]->setText(strPlayerName[thrower] + QStringLiteral(": ") +
                                       QString::number(lngPoints[thrower]));
