@@ -53,9 +53,8 @@ void CheckBuildings(frmGrumbo& f) {
     }
 }
 
-// The hit handlers yield to window events, and meanwhile the throw may have ended (the war
-// projectile flies on and may leave the field) and even a new one begun. What is left of a check
-// only goes on for the same flight.
+// The war projectile flies on while its crater is cut, and may leave the field meanwhile, which
+// ends the throw and hands the turn on; its proximity points then belong to no one.
 bool SameFlight(frmGrumbo& f, grumbo::Integer thrower) {
     return f.tmrCollision.Enabled() && f.intCurrentPlayer == thrower;
 }
@@ -63,10 +62,15 @@ bool SameFlight(frmGrumbo& f, grumbo::Integer thrower) {
 }  // namespace
 
 void frmGrumbo::tmrCollision_Timer() {
+    // The hit handlers yield to window events while the projectile still stands where it hit; a
+    // check started meanwhile would report the same hit again, so checks never nest.
+    static bool checking = false;
+    if (checking) return;
+    checking = true;
     // A check stops at the first hit it reports: after a character hit the projectile may already
     // be hidden or parked at the next thrower's hand, and must not be reported again.
-    if (CheckCharacters(*this)) return;
-    CheckBuildings(*this);
+    if (!CheckCharacters(*this)) CheckBuildings(*this);
+    checking = false;
 }
 
 void frmGrumbo::BuildingCollision(Integer intNuke) {
