@@ -3,7 +3,6 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
-
 #include <vector>
 
 #include "TestSupport.h"
@@ -14,15 +13,21 @@ using namespace testing_support;
 using namespace modMain;
 
 namespace {
-int Centre(const ui::PictureBox& p) { return grumbo::CInt(p.Left() + p.Width() / 2.0); }
+int Centre(const ui::PictureBox& p) {
+    return grumbo::CInt(p.Left() + p.Width() / 2.0);
+}
 
-void Script(std::vector<double> values) { grumbo::ScriptRnd(values.data(), values.size()); }
+void Script(std::vector<double> values) {
+    grumbo::ScriptRnd(values.data(), values.size());
+}
 
-bool IsSky(const frmGrumbo& f, int x, int y) { return f.picBld->Point(x, y) == f.picBg->Point(x, y); }
+bool IsSky(const frmGrumbo& f, int x, int y) {
+    return f.picBld->Point(x, y) == f.picBg->Point(x, y);
+}
 }  // namespace
 
 class Impact : public GameTest {
-protected:
+  protected:
     frmGrumbo& Start(int players) {
         frmGrumbo& f = StartMatch(players);
         blnWindGusts = false;
@@ -192,7 +197,8 @@ TEST_F(Impact, HitScoresTheSideAndANewCityKeepsScoresAndTurn) {
     EXPECT_EQ(f.lblRight->text(), QStringLiteral("0"));
     EXPECT_EQ(f.lblcRound->text(), QStringLiteral("2"));
     const QStringList played = Played();
-    EXPECT_LT(played.indexOf(QStringLiteral("Explosion-2.au")), played.indexOf(QStringLiteral("sounds/ge.wav")));
+    EXPECT_LT(played.indexOf(QStringLiteral("Explosion-2.au")),
+              played.indexOf(QStringLiteral("sounds/ge.wav")));
     // The new round: everybody back on a roof, the scores kept, the turn with player 2.
     EXPECT_TRUE(f.strFragged.isEmpty());
     EXPECT_FALSE(f.blnRoundOver);
@@ -237,8 +243,11 @@ TEST_F(Impact, SpecialAwardChanceShrinksWithWastedThrows) {
         std::vector<double> draws;
         int kind;  // 0: none
     };
-    const Case cases[] = {{0, {0.5}, 2}, {2, {0.0, 0.34}, 1}, {2, {0.0, 0.25}, 0},
-                          {3, {0.9, 0.45}, 3}, {4, {0.0, 0.99}, 0}};
+    const Case cases[] = {{0, {0.5}, 2},
+                          {2, {0.0, 0.34}, 1},
+                          {2, {0.0, 0.25}, 0},
+                          {3, {0.9, 0.45}, 3},
+                          {4, {0.0, 0.99}, 0}};
     for (const Case& c : cases) {
         f.intCurrentPlayer = 0;
         f.intSpecials = {};
@@ -247,7 +256,8 @@ TEST_F(Impact, SpecialAwardChanceShrinksWithWastedThrows) {
         Script(c.draws);
         f.PlayerCollision(1);
         for (int k = 1; k <= 3; ++k)
-            EXPECT_EQ(f.intSpecials[0][k], k == c.kind ? 1 : 0) << "wasted " << c.wasted << " kind " << k;
+            EXPECT_EQ(f.intSpecials[0][k], k == c.kind ? 1 : 0)
+                << "wasted " << c.wasted << " kind " << k;
     }
 }
 

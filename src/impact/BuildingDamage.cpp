@@ -18,7 +18,9 @@ constexpr std::int32_t kCraterRed = ui::RGB(130, 20, 20);
 constexpr std::int32_t kBlastOutline = ui::RGB(134, 20, 2);
 constexpr std::int32_t kBlastFill = ui::RGB(125, 20, 2);
 
-bool IsSky(const frmGrumbo& f, int x, int y) { return f.picBg->Point(x, y) == f.picBld->Point(x, y); }
+bool IsSky(const frmGrumbo& f, int x, int y) {
+    return f.picBg->Point(x, y) == f.picBld->Point(x, y);
+}
 
 struct Span {
     int left, right;  // right is the first sky column past the building
@@ -84,7 +86,8 @@ void frmGrumbo::VaporizeBuilding(Integer intX) {
         DoEvents();
         if (watch.Gone()) return;
     }
-    for (int y = roof; y <= kGround; ++y) picBld->Line(b.left, y, b.right, y, picBg->Point(b.left, y));
+    for (int y = roof; y <= kGround; ++y)
+        picBld->Line(b.left, y, b.right, y, picBg->Point(b.left, y));
 
     for (int i = 0; i < intPlayers; ++i) {
         const int L = Player[i]->Left();

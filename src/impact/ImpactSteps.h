@@ -13,11 +13,11 @@ namespace impact {
 // watch after each yield and stops when the screen it started on is gone; the handlers that the
 // flight calls after such an animation return at once on a closed screen.
 class ScreenWatch {
-public:
+  public:
     explicit ScreenWatch(const frmGrumbo& f) : f_(f), window_(f.window()) {}
     bool Gone() const { return window_.isNull() || window_.data() != f_.window() || !f_.Loaded(); }
 
-private:
+  private:
     const frmGrumbo& f_;
     QPointer<QWidget> window_;
 };

@@ -20,8 +20,8 @@ void DarkenInStripes(ui::PictureBox& scene) {
     for (int y = 1; y <= s.Height() - 1; y += 2) {
         const std::int32_t c = s.Point(0, y);
         const auto darker = [](int v) { return CInt(v - v * 0.4); };
-        const std::int32_t dark =
-            ui::RGB(darker(c % 256), darker((c / 256) % 256), darker(static_cast<int>(grumbo::Int(c / 65536.0))));
+        const std::int32_t dark = ui::RGB(darker(c % 256), darker((c / 256) % 256),
+                                          darker(static_cast<int>(grumbo::Int(c / 65536.0))));
         s.Line(0, y, s.Width() - 1, y, dark);
     }
     scene.Changed();

@@ -14,7 +14,9 @@ constexpr int kNoPointsWithin = 5;  // closer than this is no near miss but a hi
 constexpr int kRiseSteps = 28;
 constexpr int kFadeSteps = 35;
 
-int Centre(const ui::PictureBox& p) { return CInt(p.Left() + p.Width() / 2.0); }
+int Centre(const ui::PictureBox& p) {
+    return CInt(p.Left() + p.Width() / 2.0);
+}
 
 // A colour we cannot show (a channel outside 0..255) leaves the popup as it is.
 void TryColour(QLabel* label, int r, int g, int b) {
@@ -33,7 +35,8 @@ void frmGrumbo::Points() {
     if (!Loaded()) return;
     const ui::PictureBox& shot = *imgProjectile;
     const int impactX = Centre(shot);
-    lblPoint->move(CInt(shot.Left() + shot.Width() / 2.0 - lblPoint->width() / 2.0), shot.Top() - 10);
+    lblPoint->move(CInt(shot.Left() + shot.Width() / 2.0 - lblPoint->width() / 2.0),
+                   shot.Top() - 10);
 
     double award = 0;
     if (intGameType == 2) {

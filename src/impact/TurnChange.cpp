@@ -14,7 +14,9 @@ constexpr int kGround = 466;
 
 // A fragged pair of team mates, or three frags of four: the round is decided and about to be
 // rebuilt, so nobody needs to be skipped any more.
-bool RoundDecided(const QString& fragged) { return impact::TeamFragged(fragged) || fragged.size() == 3; }
+bool RoundDecided(const QString& fragged) {
+    return impact::TeamFragged(fragged) || fragged.size() == 3;
+}
 
 // Teams alternate: 0, 2, 1, 3. Characters gone this round are passed over.
 grumbo::Integer NextPlayer(const frmGrumbo& f, grumbo::Integer current) {
@@ -76,7 +78,8 @@ void frmGrumbo::Afterthrow() {
     // Back to the standing pose; this also wipes an explosion drawn over a self-fragged thrower.
     LoadCharacterPicture(thrower, QString());
     ui::PictureBox& figure = *Player[thrower];
-    MakeTransparent(figure, 0, 0, static_cast<float>(figure.Width()), static_cast<float>(figure.Height()));
+    MakeTransparent(figure, 0, 0, static_cast<float>(figure.Width()),
+                    static_cast<float>(figure.Height()));
 
     if (intProjectileKind != 0) intSpecials[thrower][intProjectileKind] = 0;
     for (int k = 1; k <= 3; ++k) picSelect[k]->hide();
