@@ -17,7 +17,7 @@ using ui::RGB;
 namespace {
 
 class Flight : public GameTest {
-protected:
+  protected:
     // A match on a field of plain sky, without wind, the characters other than the thrower
     // parked below the field: nothing but the flight itself acts on the projectile.
     frmGrumbo& CalmMatch(int players = 2) {
@@ -125,7 +125,8 @@ TEST_F(Flight, ThrowMirrorsRightSideAnglesAndPlaysTheCharactersSound) {
         EXPECT_EQ(Relative(effects.played.last()), QString::fromLatin1(c.sound)) << c.character;
         EXPECT_FALSE(f.cmdThrow->isEnabled() || f.txtAngle->isEnabled() || f.txtVel->isEnabled());
         EXPECT_FALSE(dblMagX != 0 || f.blnWarHit || f.blnNukedPlayer);
-        EXPECT_TRUE(f.imgProjectile->isVisible() && f.tmrMain.Enabled() && f.tmrCollision.Enabled());
+        EXPECT_TRUE(f.imgProjectile->isVisible() && f.tmrMain.Enabled() &&
+                    f.tmrCollision.Enabled());
     }
     // 135 degrees: the floor of 50 x cos takes the horizontal component to -36, not -35.
     RunTicks(f, 1);
@@ -175,9 +176,9 @@ TEST_F(Flight, LeavingTheFieldCountsOneMissAtTheEdges) {
         int left, top;
         bool miss;
     } cases[] = {
-        {"0", "10", 761, 200, 762, 201, false},    {"0", "10", 762, 200, 763, 201, true},
-        {"90", "0", 300, 485, 300, 486, false},    {"90", "0", 300, 486, 300, 487, true},
-        {"180", "10", -39, 200, -40, 201, false},  {"180", "10", -40, 200, -41, 201, true},
+        {"0", "10", 761, 200, 762, 201, false},      {"0", "10", 762, 200, 763, 201, true},
+        {"90", "0", 300, 485, 300, 486, false},      {"90", "0", 300, 486, 300, 487, true},
+        {"180", "10", -39, 200, -40, 201, false},    {"180", "10", -40, 200, -41, 201, true},
         {"90", "20", 300, -1799, 300, -1800, false}, {"90", "20", 300, -1800, 300, -1801, true},
     };
     for (const auto& c : cases) {
@@ -220,7 +221,7 @@ TEST_F(Flight, SelectorsMoveTheFrameAndChooseTheKind) {
 // ---- Magnetic pull -------------------------------------------------------------------------
 
 class Magnet : public Flight {
-protected:
+  protected:
     // Players 1 to 3 share the place (400, 300): every pull below comes from one of them only.
     frmGrumbo& Field() {
         frmGrumbo& f = CalmMatch(4);
@@ -241,11 +242,11 @@ TEST_F(Magnet, ZonesAroundTheCharacter) {
         int left, top;
         double pull;
     } cases[] = {
-        {L - 20, T - 50, 0},     {L - 20, T - 49, 0.7},  // near zone
-        {L - 45, T - 40, 0},     {L - 44, T - 40, 0.7},  // left side, outer end
-        {L + 9, T - 40, 0.7},    {L + 10, T - 40, 0},    // left side, inner end
-        {R + 35, T - 40, 0},     {R + 34, T - 40, -0.7}, // right side (Q = left + 10)
-        {R - 20, T - 40, 0},     {R - 19, T - 40, -0.7},
+        {L - 20, T - 50, 0},    {L - 20, T - 49, 0.7},   // near zone
+        {L - 45, T - 40, 0},    {L - 44, T - 40, 0.7},   // left side, outer end
+        {L + 9, T - 40, 0.7},   {L + 10, T - 40, 0},     // left side, inner end
+        {R + 35, T - 40, 0},    {R + 34, T - 40, -0.7},  // right side (Q = left + 10)
+        {R - 20, T - 40, 0},    {R - 19, T - 40, -0.7},
         {L - 20, T + 200, 0.7},  // below the top edge still counts as near
     };
     for (const auto& c : cases) {
@@ -294,7 +295,7 @@ TEST_F(Magnet, PullBendsTheFlightOfTheMagneticKindOnly) {
 // ---- Collision checks ----------------------------------------------------------------------
 
 class Collision : public Flight {
-protected:
+  protected:
     // A calm match with a grey building block at x 300..400 from y 150 down, and a throw by
     // player 0 in the air (its timers on, the projectile placed by each case).
     frmGrumbo& Field() {
@@ -396,7 +397,7 @@ TEST_F(Collision, CharacterHitsByPixel) {
 // ---- Calibration ---------------------------------------------------------------------------
 
 class Calibration : public GameTest {
-protected:
+  protected:
     QString Calibrate(int areaWidth) {
         statuses.clear();
         frmLoading::Instance().onStatus = [this](const QString& s) { statuses.push_back(s); };

@@ -12,12 +12,12 @@ namespace {
 // Hands each typed character of a text box to its KeyPress handler, which may swallow it by
 // setting the code to 0.
 class KeyFilter : public QObject {
-public:
+  public:
     using Handler = void (frmGrumbo::*)(grumbo::Integer&);
     KeyFilter(QObject* parent, frmGrumbo& form, Handler handler)
         : QObject(parent), form_(form), handler_(handler) {}
 
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
         const QString text = static_cast<QKeyEvent*>(event)->text();
@@ -28,19 +28,20 @@ protected:
         return code == 0;
     }
 
-private:
+  private:
     frmGrumbo& form_;
     Handler handler_;
 };
 
 // Turns a left-button release over a visible selector into its click.
 class SelectorClicks : public QObject {
-public:
+  public:
     SelectorClicks(QObject* parent, frmGrumbo& form) : QObject(parent), form_(form) {}
 
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::MouseButtonRelease) return QObject::eventFilter(watched, event);
+        if (event->type() != QEvent::MouseButtonRelease)
+            return QObject::eventFilter(watched, event);
         auto* mouse = static_cast<QMouseEvent*>(event);
         for (int k = 0; k < 4; ++k) {
             ui::PictureBox* icon = form_.picSelect[k];
@@ -54,7 +55,7 @@ protected:
         return false;
     }
 
-private:
+  private:
     frmGrumbo& form_;
 };
 

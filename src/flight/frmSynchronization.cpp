@@ -88,8 +88,10 @@ bool frmSynchronization::FlyTest() {
 void frmSynchronization::AdjustMatchTimer() {
     intTestTime = grumbo::CInt(static_cast<double>(intFlightTime) * tmrMain.Interval());
     double interval = tmrMain.Interval();
-    if (intTestTime > kTargetMs) interval -= static_cast<double>(intTestTime - kTargetMs) / kAdjustDivisor;
-    else if (intTestTime < kTargetMs) interval += static_cast<double>(kTargetMs - intTestTime) / kAdjustDivisor;
+    if (intTestTime > kTargetMs)
+        interval -= static_cast<double>(intTestTime - kTargetMs) / kAdjustDivisor;
+    else if (intTestTime < kTargetMs)
+        interval += static_cast<double>(kTargetMs - intTestTime) / kAdjustDivisor;
     // An interval below 1 ms would leave the flight timer silent.
     const int adjusted = std::max<int>(1, grumbo::CInt(interval));
     frmLoading::Instance().SetStatus(QStringLiteral("Test completed in ") +
@@ -110,7 +112,8 @@ void frmSynchronization::tmrMain_Timer() {
     intFrame = static_cast<Integer>((intFrame + 1) % 4);
     imgProjectile->ShowFrame(Projectile[intFrame]);
     const double tau = static_cast<double>(intFlightTime) / intTickDivisor;
-    imgProjectile->SetTop(intHandY - static_cast<int>(Int(kVelocity * tau - kHalfGravity * tau * tau)));
+    imgProjectile->SetTop(intHandY -
+                          static_cast<int>(Int(kVelocity * tau - kHalfGravity * tau * tau)));
     imgProjectile->SetLeft(intHandX + static_cast<int>(Int(kVelocity * tau)));
     const int top = imgProjectile->Top(), left = imgProjectile->Left();
     if (top > 486 || top < -1800 || left > 762 || left < -40)

@@ -10,7 +10,7 @@
 #include "ui/Timer.h"
 
 class frmSynchronization : public ui::Form {
-public:
+  public:
     using Integer = grumbo::Integer;
 
     // The designed test area is 101 pixels wide; other widths exist for checking the adjustment.
@@ -32,12 +32,12 @@ public:
     void tmrMain_Timer();
     void tmrCollision_Timer();
 
-protected:
+  protected:
     void CreateControls(QWidget* window) override;
     void Form_Load() override;
     void Form_Unload(bool& cancel) override;
 
-private:
+  private:
     void PaintTestArea();
     // Runs the test throw until it passes the test area; false when it ran out of time.
     bool FlyTest();
