@@ -39,18 +39,20 @@ void Surface::HLine(int x1, int x2, int y, QRgb colour) {
 }
 
 void Surface::Line(int x1, int y1, int x2, int y2, std::int32_t colour) {
-    const QRgb q = ToQRgb(colour);
-    if (y1 == y2) {
-        HLine(x1, x2, y1, q);
+    if (x1 == x2 && y1 == y2) {
+        PSet(x1, y1, colour);
         return;
     }
-    // Bresenham, end points included.
+    if (y1 == y2) {
+        HLine(x1, x2 > x1 ? x2 - 1 : x2 + 1, y1, ToQRgb(colour));
+        return;
+    }
+    // Bresenham; the end point itself is not drawn, so lines laid end to end never overlap.
     const int dx = std::abs(x2 - x1), sx = x1 < x2 ? 1 : -1;
     const int dy = -std::abs(y2 - y1), sy = y1 < y2 ? 1 : -1;
     int err = dx + dy;
-    for (;;) {
+    while (x1 != x2 || y1 != y2) {
         PSet(x1, y1, colour);
-        if (x1 == x2 && y1 == y2) break;
         const int e2 = 2 * err;
         if (e2 >= dy) {
             err += dy;

@@ -32,7 +32,7 @@ public:
         return FromQRgb(reinterpret_cast<const QRgb*>(image_.constScanLine(y))[x]);
     }
     void PSet(int x, int y, std::int32_t colour);
-    // Lines include both end points.
+    // A line stops one pixel short of its end point (a zero-length line is one pixel).
     void Line(int x1, int y1, int x2, int y2, std::int32_t colour);
     void FillRect(int x1, int y1, int x2, int y2, std::int32_t colour);
     // Circle outline in `colour`; when `filled`, the inside takes `fillColour`.
