@@ -91,6 +91,10 @@ void VirtualClock::FireDue() {
 }
 
 void VirtualClock::ProcessQtEvents() {
+    // Window events (repaints, deferred deletes) only matter to the eye and to memory: handling
+    // them every few virtual milliseconds keeps long simulated matches fast.
+    if (TicksSince(lastQt_, now_) < kQtEveryMs) return;
+    lastQt_ = now_;
     if (QCoreApplication::instance()) QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 

@@ -76,7 +76,9 @@ private:
     void ProcessQtEvents();
     Entry* NextDue();
 
+    static constexpr std::int32_t kQtEveryMs = 10;
     std::int32_t now_;
+    std::int32_t lastQt_ = now_ - kQtEveryMs;
     std::int32_t step_ = 1;
     std::int64_t fired_ = 0;
     std::vector<Entry> active_;
