@@ -57,3 +57,18 @@ void BM_CollisionCheck(benchmark::State& state) {
 }
 BENCHMARK(BM_CollisionCheck);
 }  // namespace
+
+namespace {
+// The final board's five-second wait on the real clock, with the match screen's timers running:
+// the CPU column against the wall-clock column is the share the wait costs.
+void BM_EndWaitRealClock(benchmark::State& state) {
+    ui::VirtualClock setup;
+    frmGrumbo& f = MatchInFlight(setup);
+    ui::SetClock(nullptr);
+    f.tmrTrap.SetEnabled(false);
+    f.tmrTrap.SetEnabled(true);  // restart on the real clock
+    for (auto _ : state) modMain::Delay(5000);
+    Leave(f);
+}
+BENCHMARK(BM_EndWaitRealClock)->Iterations(1)->Unit(benchmark::kMillisecond);
+}  // namespace
