@@ -1,6 +1,8 @@
 // Whole matches played on the virtual clock with a fixed seed and scripted throws.
 #include <QLabel>
 #include <QLineEdit>
+#include <QPixmap>
+#include <cstdlib>
 
 #include "MatchDriver.h"
 #include "TestSupport.h"
@@ -63,6 +65,9 @@ TEST_F(Play, OneVersusOneToTheFragLimit) {
         }
     }
     ASSERT_TRUE(MatchOver(f));
+    // A picture of the board for people to look at, when asked for one.
+    if (const char* dir = getenv("GRUMBO_SHOT_DIR"))
+        f.window()->grab().save(QString::fromLocal8Bit(dir) + QStringLiteral("/final-board.png"));
     EXPECT_EQ(f.intFrags[0], 3);
     EXPECT_EQ(f.intFrags[1], 1);
     EXPECT_EQ(f.intMisses[0], 1);
