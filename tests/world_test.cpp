@@ -402,6 +402,9 @@ TEST_F(World, SecondMatchResetsScoresButKeepsWhatLivesLonger) {
     EXPECT_EQ(programEnds, 0) << "leaving through the game-over screen does not end the program";
 
     frmGrumbo& g = StartMatch(2);
+    EXPECT_EQ(g.window()->size(), QSize(722, 510));
+    EXPECT_FALSE(g.cmdThrow->isEnabled());
+    EXPECT_TRUE(messages.isEmpty()) << messages.join(QLatin1Char('\n')).toStdString();
     EXPECT_EQ(g.Player.size(), 2u) << "the extra boxes of the earlier match are gone";
     EXPECT_EQ(g.lngPoints, (std::array<grumbo::Long, 4>{0, 0, 0, 0}));
     EXPECT_EQ(g.intFrags[2], 0);
