@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <QApplication>
 #include <cstdio>
 #include <cstdlib>
-#include <unistd.h>
+
+#include "ui/Controls.h"
 
 int main(int argc, char** argv) {
     // Test discovery runs this binary outside CTest's environment: choose the headless platform
@@ -24,5 +27,7 @@ int main(int argc, char** argv) {
     });
     QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    const int rc = RUN_ALL_TESTS();
+    ui::DestroyAllWindows();
+    return rc;
 }

@@ -2,6 +2,7 @@
 
 #include "app/ScreenFlow.h"
 #include "media/Audio.h"
+#include "ui/Controls.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -9,6 +10,7 @@ int main(int argc, char** argv) {
     media::Audio::OpenDevice();
     grumbo::StartProgram();
     const int rc = app.exec();
+    ui::DestroyAllWindows();
     media::Audio::CloseDevice();
     return rc;
 }

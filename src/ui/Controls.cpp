@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QLabel>
+#include <QPointer>
 
 namespace ui {
 
@@ -22,6 +23,13 @@ void EndProgram() {
     }
     QApplication::closeAllWindows();
     QCoreApplication::exit(0);
+}
+
+void DestroyAllWindows() {
+    QList<QPointer<QWidget>> windows;
+    for (QWidget* w : QApplication::topLevelWidgets()) windows.push_back(w);
+    // An owned window is deleted with its owner; the guarded pointer then reads null.
+    for (const QPointer<QWidget>& w : windows) delete w.data();
 }
 
 QFont Tahoma(int pixelSize, bool bold) {

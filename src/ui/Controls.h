@@ -13,6 +13,9 @@ namespace ui {
 // Ends the program at once, all screens closing. Tests install a hook to see it happen.
 void EndProgram();
 void SetEndProgramHook(std::function<void()> hook);
+// Deletes every window that is left, owned ones with their owners; call it before the
+// application object goes, which cannot tear down live windows safely.
+void DestroyAllWindows();
 
 // The game's text face at a pixel size (Tahoma 8.25 pt is 11 px, 14.25 pt is 19 px), or the
 // default sans font when it is not installed.

@@ -1,6 +1,7 @@
 #include "ui/Form.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -24,7 +25,11 @@ private:
 Form::Form(int clientWidth, int clientHeight, Qt::WindowFlags flags)
     : width_(clientWidth), height_(clientHeight), flags_(flags) {}
 
-Form::~Form() { delete window_.data(); }
+Form::~Form() {
+    // Screens are often program-wide objects that outlive the application object; a window left
+    // at that point goes with the process.
+    if (QCoreApplication::instance()) delete window_.data();
+}
 
 void Form::Load(QWidget* owner) {
     if (Loaded()) return;
