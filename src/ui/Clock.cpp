@@ -10,9 +10,11 @@
 namespace ui {
 
 namespace {
+// Never destroyed: screens that are program-wide objects stop their timers through it while
+// the program's static objects are being torn down.
 RealClock& realClock() {
-    static RealClock c;
-    return c;
+    static RealClock* c = new RealClock;
+    return *c;
 }
 Clock* current = nullptr;
 }  // namespace
