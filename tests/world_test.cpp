@@ -6,6 +6,7 @@
 
 #include "TestSupport.h"
 #include "app/modMain.h"
+#include "media/Transparency.h"
 #include "screens/frmLoading.h"
 
 using namespace testing_support;
@@ -236,6 +237,13 @@ TEST_F(World, CharactersShowTheCityBehindThemOtherBoxesTheSky) {
     f.MakeTransparent(ind, -1.4f, -1.4f, 10, 10);
     EXPECT_EQ(ind.Point(3, 3), f.picBg->Point(ind.Left() + 3, ind.Top() + 3));
     EXPECT_EQ(ind.Point(0, 0), once.Point(0, 0));
+
+    // Screens with a flat background give every white pixel that colour instead.
+    ind.SetPicture(ui::Surface(4, 4, ui::kWhite));
+    ind.PSet(2, 2, RGB(10, 20, 30));
+    media::MakeTransparent(ind, 0, 0, 4, 4, RGB(0, 0, 128));
+    EXPECT_EQ(ind.Point(0, 3), RGB(0, 0, 128));
+    EXPECT_EQ(ind.Point(2, 2), RGB(10, 20, 30));
 }
 
 TEST_F(World, WindArrowLengthHeadAndLabel) {

@@ -21,4 +21,9 @@ void MakeTransparent(ui::PictureBox& pic, float StartX, float StartY, float EndX
     pic.Changed();
 }
 
+void MakeTransparent(ui::PictureBox& pic, float StartX, float StartY, float EndX, float EndY,
+                     std::int32_t screenBackground) {
+    MakeTransparent(pic, StartX, StartY, EndX, EndY, [=](int, int) { return screenBackground; });
+}
+
 }  // namespace media

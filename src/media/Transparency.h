@@ -20,4 +20,9 @@ void MakeTransparent(ui::Surface& pic, float StartX, float StartY, float EndX, f
 void MakeTransparent(ui::PictureBox& pic, float StartX, float StartY, float EndX, float EndY,
                      const BehindColour& behind);
 
+// The variant of screens with a flat background (title, player selection): white takes the
+// screen's background colour, whatever lies behind the picture.
+void MakeTransparent(ui::PictureBox& pic, float StartX, float StartY, float EndX, float EndY,
+                     std::int32_t screenBackground);
+
 }  // namespace media
