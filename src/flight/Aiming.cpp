@@ -70,9 +70,7 @@ void frmGrumbo::cmdThrow_Click() {
         LoadCharacterPicture(intCurrentPlayer, QStringLiteral("1"));
         intAngle = grumbo::CInt(typed);
     }
-    ui::PictureBox& thrower = *Player[intCurrentPlayer];
-    MakeTransparent(thrower, 0, 0, static_cast<float>(thrower.Width()),
-                    static_cast<float>(thrower.Height()));
+    MakeTransparent(*Player[intCurrentPlayer]);
 
     imgProjectile->show();
     tmrMain.SetEnabled(true);

@@ -55,7 +55,7 @@ bool Dance(frmGrumbo& f, grumbo::Integer thrower, const impact::ScreenWatch& wat
     for (int frame = 1; frame <= 12; ++frame) {
         f.LoadCharacterPicture(thrower, frame % 2 == 1 ? QStringLiteral("1") : QStringLiteral("2"));
         ui::PictureBox& p = *f.Player[thrower];
-        f.MakeTransparent(p, 0, 0, static_cast<float>(p.Width()), static_cast<float>(p.Height()));
+        f.MakeTransparent(p);
         Delay(40);
         if (watch.Gone()) return false;
     }

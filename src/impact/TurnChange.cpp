@@ -31,12 +31,6 @@ grumbo::Integer NextPlayer(const frmGrumbo& f, grumbo::Integer current) {
     return next;
 }
 
-void ShowTitle(frmGrumbo& f) {
-    const grumbo::Integer p = f.intCurrentPlayer;
-    f.SetCaption(strPlayerName[p] + QStringLiteral(" - ") + QString::number(f.lngPoints[p]) +
-                 QStringLiteral(" pts"));
-}
-
 // The selectors of the kinds the player holds stand in a row right of the normal projectile's.
 void ShowSpecials(frmGrumbo& f) {
     static const char* const kAnnouncement[4] = {nullptr, "sounds/nBan.wav", "sounds/wBan.wav",
@@ -77,9 +71,7 @@ void frmGrumbo::Afterthrow() {
 
     // Back to the standing pose; this also wipes an explosion drawn over a self-fragged thrower.
     LoadCharacterPicture(thrower, QString());
-    ui::PictureBox& figure = *Player[thrower];
-    MakeTransparent(figure, 0, 0, static_cast<float>(figure.Width()),
-                    static_cast<float>(figure.Height()));
+    MakeTransparent(*Player[thrower]);
 
     if (intProjectileKind != 0) intSpecials[thrower][intProjectileKind] = 0;
     for (int k = 1; k <= 3; ++k) picSelect[k]->hide();
@@ -89,7 +81,7 @@ void frmGrumbo::Afterthrow() {
     if (watch.Gone()) return;
 
     intCurrentPlayer = NextPlayer(*this, thrower);
-    ShowTitle(*this);
+    ShowTurnTitle();
     ShowSpecials(*this);
     AlignBanana();
 

@@ -29,7 +29,7 @@ void frmGrumbo::BlendCharacters() {
         loading.SetStatus(QStringLiteral("Rendering Player ") + QString::number(i + 1) +
                           QStringLiteral("..."));
         DoEvents();
-        MakeTransparent(p, 0, 0, static_cast<float>(p.Width()), static_cast<float>(p.Height()));
+        MakeTransparent(p);
         loading.SetProgress(static_cast<double>(i) / n * 20 + 67);
         intMissMark[i] = intMisses[i];
     }
@@ -37,14 +37,12 @@ void frmGrumbo::BlendCharacters() {
 
 void frmGrumbo::ResetWindBox() {
     picArrow->ClearPicture();
-    MakeTransparent(*picArrow, 0, 0, static_cast<float>(picArrow->Width()),
-                    static_cast<float>(picArrow->Height()));
+    MakeTransparent(*picArrow);
 }
 
 void frmGrumbo::ResetPointsBox() {
     picPlayerpoints->ClearPicture();
-    MakeTransparent(*picPlayerpoints, 0, 0, static_cast<float>(picPlayerpoints->Width()),
-                    static_cast<float>(picPlayerpoints->Height()));
+    MakeTransparent(*picPlayerpoints);
 }
 
 void frmGrumbo::GameLoad() {
@@ -87,8 +85,7 @@ void frmGrumbo::GameLoad() {
     for (int i = 0; i < n; ++i) Player[i]->show();
     picArrow->show();
     picPlayerpoints->show();
-    SetCaption(strPlayerName[intCurrentPlayer] + QStringLiteral(" - ") +
-               QString::number(lngPoints[intCurrentPlayer]) + QStringLiteral(" pts"));
+    ShowTurnTitle();
     pIndication();
     blnRoundOver = false;
     loading.Unload();

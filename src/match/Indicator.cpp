@@ -18,8 +18,7 @@ void frmGrumbo::pIndication() {
 }
 
 void frmGrumbo::tmrPind_Timer() {
-    MakeTransparent(*imgPind, 0, 0, static_cast<float>(imgPind->Width()),
-                    static_cast<float>(imgPind->Height()));
+    MakeTransparent(*imgPind);
     ++intPindCount;
     lblPind->show();
     imgPind->show();

@@ -180,6 +180,15 @@ void frmGrumbo::ConnectHandlers() {
     ConnectFlightHandlers();
 }
 
+void frmGrumbo::MakeTransparent(ui::PictureBox& pic) {
+    MakeTransparent(pic, 0, 0, static_cast<float>(pic.Width()), static_cast<float>(pic.Height()));
+}
+
+void frmGrumbo::ShowTurnTitle() {
+    SetCaption(strPlayerName[intCurrentPlayer] + QStringLiteral(" - ") +
+               QString::number(lngPoints[intCurrentPlayer]) + QStringLiteral(" pts"));
+}
+
 bool frmGrumbo::ThrowerOnRight() const { return intCurrentPlayer > intPlayers / 2 - 1; }
 
 void frmGrumbo::MakeTransparent(ui::PictureBox& pic, float StartX, float StartY, float EndX,

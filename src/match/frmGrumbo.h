@@ -99,6 +99,10 @@ public:
     void tmrMIDI_Timer();
     void CloseAndLoadMIDI();
     void MakeTransparent(ui::PictureBox& pic, float StartX, float StartY, float EndX, float EndY);
+    // The whole box: the rectangle reaches one pixel past it, as every caller of the game does.
+    void MakeTransparent(ui::PictureBox& pic);
+    // Window title of the turn: the current player's name and points.
+    void ShowTurnTitle();
     // Loads a character picture, or tells the players which file is missing.
     bool LoadCharacterPicture(Integer player, const QString& suffix);
 
