@@ -38,7 +38,9 @@ void ExpectConsistent(const frmGrumbo& f, bool over) {
         ASSERT_GE(f.intFrags[i], 0);
         frags += f.intFrags[i];
         for (int k = 0; k < 4; ++k) ASSERT_TRUE(f.intSpecials[i][k] == 0 || f.intSpecials[i][k] == 1);
-        if (i >= intPlayers) ASSERT_EQ(f.lngPoints[i], 0) << "nobody plays in that seat";
+        if (i >= intPlayers) {
+            ASSERT_EQ(f.lngPoints[i], 0) << "nobody plays in that seat";
+        }
     }
     ASSERT_GE(frags, left + right) << "a round is only won by hits";
 }

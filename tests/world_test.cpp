@@ -40,7 +40,9 @@ void ExpectWellFormedCity(const frmGrumbo& f, int players) {
         ASSERT_GE(h, 90);
         ASSERT_LE(h, (intBuildingHeight + 4) * 18);
         // A building only changes at a multiple of 12 (its body starts one pixel further).
-        if (x % 12 != 1) ASSERT_EQ(h, RoofHeight(f, x - 1)) << "x " << x;
+        if (x % 12 != 1) {
+            ASSERT_EQ(h, RoofHeight(f, x - 1)) << "x " << x;
+        }
         const std::int32_t roof = f.picBld->Point(x, 466 - h);
         const int grey = roof & 0xFF;
         ASSERT_EQ(roof, RGB(grey, grey, grey));
@@ -269,17 +271,22 @@ TEST_F(World, WindArrowLengthHeadAndLabel) {
             // The shaft runs from 42 - L up to, not including, 42 + L.
             EXPECT_TRUE(lit(42 - c.L, 6));
             EXPECT_TRUE(lit(42 + c.L - 1, 6));
-            if (mode == 2 && 42 - c.L - 1 >= 0) EXPECT_FALSE(lit(42 - c.L - 1, 5));
+            if (mode == 2 && 42 - c.L - 1 >= 0) {
+                EXPECT_FALSE(lit(42 - c.L - 1, 5));
+            }
             // The head: rows 4 to 8 at the tip's base, 5 to 7 beyond it, then row 6 alone.
             const int dir = mode == 1 ? -1 : 1;
             const int base = 42 + dir * c.L;
+            const auto outside = [](int x) { return x < 0 || x > 83; };
             for (int y = 3; y <= 9; ++y) {
-                EXPECT_EQ(lit(base, y), y >= 4 && y <= 8 || base < 0 || base > 83) << "y " << y;
-                EXPECT_EQ(lit(base + dir, y), y >= 5 && y <= 7 || base + dir < 0 || base + dir > 83);
-                EXPECT_EQ(lit(base + 2 * dir, y), y == 6 || base + 2 * dir < 0 || base + 2 * dir > 83);
+                EXPECT_EQ(lit(base, y), (y >= 4 && y <= 8) || outside(base)) << "y " << y;
+                EXPECT_EQ(lit(base + dir, y), (y >= 5 && y <= 7) || outside(base + dir));
+                EXPECT_EQ(lit(base + 2 * dir, y), y == 6 || outside(base + 2 * dir));
             }
             const int tail = 42 - dir * c.L;
-            if (tail > 0 && tail < 83) EXPECT_FALSE(lit(tail, 4)) << "only one head";
+            if (tail > 0 && tail < 83) {
+                EXPECT_FALSE(lit(tail, 4)) << "only one head";
+            }
         }
     }
 }
