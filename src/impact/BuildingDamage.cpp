@@ -7,8 +7,6 @@ using grumbo::Rnd;
 
 namespace {
 constexpr int kScanRow = 460;  // low enough to cross every building, high enough to miss the ground
-constexpr int kGround = 466;
-constexpr int kOutOfPlay = 467;
 constexpr int kCraterRadius = 8;
 // Each ring of the growing crater waits this long: long enough to be seen, short enough that the
 // window keeps answering. The wait pumps events, it does not spin.
@@ -79,20 +77,20 @@ void frmGrumbo::VaporizeBuilding(Integer intX) {
     const int roof = RowAboveRoof(*this, b);
 
     // Crumbles from the ground up, then the rest of the building's columns turn to sky.
-    for (int y = kGround; y >= roof; --y) {
+    for (int y = frmGrumbo::kGroundLine; y >= roof; --y) {
         const std::int32_t sky = picBg->Point(b.left, y);
         for (int i = 0; i < 22; ++i)
             picBld->PSet(static_cast<int>(Int(Rnd() * (b.right - b.left))) + b.left, y, sky);
         DoEvents();
         if (watch.Gone()) return;
     }
-    for (int y = roof; y <= kGround; ++y)
+    for (int y = roof; y <= frmGrumbo::kGroundLine; ++y)
         picBld->Line(b.left, y, b.right, y, picBg->Point(b.left, y));
 
     for (int i = 0; i < intPlayers; ++i) {
         const int L = Player[i]->Left();
         if (L <= b.left || L >= b.right) continue;
-        if (Player[i]->Top() <= kGround) {
+        if (Player[i]->Top() <= frmGrumbo::kGroundLine) {
             blnNukedPlayer = true;
             PlayerCollision(static_cast<Integer>(i));
             // A decided round has already built a new city (or ended the match): the building is
@@ -114,7 +112,7 @@ void frmGrumbo::Explode(ui::PictureBox& pic) {
         if (watch.Gone()) return;
         pic.Circle(cx, cy, r, kBlastOutline, true, kBlastFill);
     }
-    pic.SetTop(kOutOfPlay);
+    pic.SetTop(frmGrumbo::kOutOfPlay);
 }
 
 void frmGrumbo::Vaporize(ui::PictureBox& pic) {
@@ -128,5 +126,5 @@ void frmGrumbo::Vaporize(ui::PictureBox& pic) {
         DoEvents();
         if (watch.Gone()) return;
     }
-    pic.SetTop(kOutOfPlay);
+    pic.SetTop(frmGrumbo::kOutOfPlay);
 }

@@ -7,7 +7,6 @@ using namespace modMain;
 using grumbo::CInt;
 
 namespace {
-constexpr int kOutOfPlay = 467;
 constexpr int kBoardWaitMs = 5000;
 
 // The game-over screen arrives with the front-end screens; until then the final board stays.
@@ -39,7 +38,7 @@ void impact::FinishMatch(frmGrumbo& f) {
 }
 
 void frmGrumbo::EndGame() {
-    for (int i = 0; i < intPlayers; ++i) Player[i]->SetTop(kOutOfPlay);
+    for (int i = 0; i < intPlayers; ++i) Player[i]->SetTop(frmGrumbo::kOutOfPlay);
     picArrow->hide();
     picPlayerpoints->hide();
     DarkenInStripes(*picBld);

@@ -9,7 +9,6 @@ using grumbo::Int;
 using grumbo::Rnd;
 
 namespace {
-constexpr int kGround = 466;
 constexpr grumbo::Long kEnemyBonus = 25000;
 constexpr grumbo::Long kFriendlyFire = -5000;
 
@@ -17,7 +16,7 @@ bool LeftSide(int player) {
     return intGameType == 2 ? player <= 1 : player == 0;
 }
 bool Gone(const frmGrumbo& f, int player) {
-    return f.Player[player]->Top() > kGround;
+    return f.Player[player]->Top() > frmGrumbo::kGroundLine;
 }
 
 void AddOne(QLabel* label) {

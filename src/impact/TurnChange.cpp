@@ -10,8 +10,6 @@ using grumbo::Int;
 using grumbo::Rnd;
 
 namespace {
-constexpr int kGround = 466;
-
 // A fragged pair of team mates, or three frags of four: the round is decided and about to be
 // rebuilt, so nobody needs to be skipped any more.
 bool RoundDecided(const QString& fragged) {
@@ -26,7 +24,7 @@ grumbo::Integer NextPlayer(const frmGrumbo& f, grumbo::Integer current) {
     // Four steps go all the way round; more could only repeat them.
     for (int step = 0; step < 4; ++step) {
         next = kAfter[next];
-        if (RoundDecided(f.strFragged) || f.Player[next]->Top() <= kGround) break;
+        if (RoundDecided(f.strFragged) || f.Player[next]->Top() <= frmGrumbo::kGroundLine) break;
     }
     return next;
 }

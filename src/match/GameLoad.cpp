@@ -61,7 +61,7 @@ void frmGrumbo::GameLoad() {
     loading.SetProgress(3);
     picBld->SetPicture(picBg->surface());
     loading.SetProgress(5);
-    for (int i = 0; i < n; ++i) Player[i]->SetTop(467);
+    for (int i = 0; i < n; ++i) Player[i]->SetTop(kOutOfPlay);
     loading.SetProgress(7);
 
     loading.SetStatus(QStringLiteral("Rendering Buildings..."));

@@ -10,7 +10,6 @@ using grumbo::Int;
 using grumbo::Rnd;
 
 namespace {
-constexpr int kGround = 466;
 constexpr int kSkylineEnd = 720;
 
 struct Shade {
@@ -59,15 +58,15 @@ void DrawWindows(ui::Surface& scene, const Building& b) {
             const float r = static_cast<float>(c & 0xFF), g = static_cast<float>((c >> 8) & 0xFF),
                         bl = static_cast<float>(c >> 16);
             DrawGradient(scene, r, g, bl, r, g, bl, static_cast<float>(b.left + wx + 4),
-                         static_cast<float>(b.left + wx + 8), static_cast<float>(kGround - wy - 14),
-                         static_cast<float>(kGround - wy - 5));
+                         static_cast<float>(b.left + wx + 8), static_cast<float>(frmGrumbo::kGroundLine - wy - 14),
+                         static_cast<float>(frmGrumbo::kGroundLine - wy - 5));
         }
     }
 }
 
 void StandOnRoof(ui::PictureBox& box, const Building& b) {
     box.Move(static_cast<int>(Int(b.left + b.width / 2.0 - box.Width() / 2.0)),
-             kGround - b.height - box.Height());
+             frmGrumbo::kGroundLine - b.height - box.Height());
 }
 }  // namespace
 
@@ -86,7 +85,7 @@ void frmGrumbo::DrawBuildings() {
         x += w;
         DrawGradient(scene, s.top, s.top, s.top, s.bottom, s.bottom, s.bottom,
                      static_cast<float>(b.left + 1), static_cast<float>(x),
-                     static_cast<float>(kGround - h), static_cast<float>(kGround));
+                     static_cast<float>(frmGrumbo::kGroundLine - h), static_cast<float>(frmGrumbo::kGroundLine));
         DrawWindows(scene, b);
         if (j < n && roof[j] == k) {
             StandOnRoof(*Player[j], b);

@@ -23,6 +23,10 @@ class frmGrumbo : public ui::Form {
 public:
     using Integer = grumbo::Integer;
     using Long = grumbo::Long;
+    // The buildings' bottom edge; a character box whose top edge lies below it is out of play,
+    // and this is where such boxes are parked.
+    static constexpr int kGroundLine = 466;
+    static constexpr int kOutOfPlay = 467;
 
     frmGrumbo();
     ~frmGrumbo() override;

@@ -87,7 +87,6 @@ void VirtualClock::FireDue() {
         if (std::find(firedNow.begin(), firedNow.end(), t) != firedNow.end()) break;
         firedNow.push_back(t);
         e->due = now_ + std::max(1, t->Interval());
-        ++fired_;
         t->Fire();
     }
 }
@@ -101,7 +100,7 @@ void VirtualClock::ProcessQtEvents() {
 }
 
 void VirtualClock::DoEvents() {
-    now_ += step_;
+    now_ += kPumpStepMs;
     ProcessQtEvents();
     FireDue();
 }
@@ -112,7 +111,7 @@ void VirtualClock::WaitEvents(std::int32_t deadline) {
     for (const Entry& e : active_)
         if (TicksSince(e.due, target) > 0) target = e.due;
     if (TicksSince(now_, target) > 0) now_ = target;
-    else now_ += step_;
+    else now_ += kPumpStepMs;
     ProcessQtEvents();
     FireDue();
 }

@@ -49,7 +49,7 @@ public:
     explicit VirtualClock(std::int32_t start = 1000) : now_(start) {}
     ~VirtualClock() override;
     std::int32_t TickCount() override { return now_; }
-    // One pump moves time on by the step (default 1 ms) and fires what became due.
+    // One pump moves time on by 1 ms and fires what became due.
     void DoEvents() override;
     void WaitEvents(std::int32_t deadline) override;
     void StartTimer(Timer& timer) override;
@@ -64,8 +64,6 @@ public:
         while (!done() && TicksSince(start, now_) < limitMs) WaitEvents(now_ + 1000);
         return done();
     }
-    void SetPumpStep(std::int32_t ms) { step_ = ms; }
-    std::int64_t TimersFired() const { return fired_; }
 
 private:
     struct Entry {
@@ -79,8 +77,7 @@ private:
     static constexpr std::int32_t kQtEveryMs = 10;
     std::int32_t now_;
     std::int32_t lastQt_ = now_ - kQtEveryMs;
-    std::int32_t step_ = 1;
-    std::int64_t fired_ = 0;
+    static constexpr std::int32_t kPumpStepMs = 1;
     std::vector<Entry> active_;
 };
 
