@@ -39,7 +39,7 @@ install_missing
 case "${1:-run}" in
     run)
         build build -DCMAKE_BUILD_TYPE=RelWithDebInfo
-        exec build/game/grumbo ;;
+        exec build/game/grumbo2 ;;
     test)
         build build -DCMAKE_BUILD_TYPE=RelWithDebInfo
         run_tests build ;;

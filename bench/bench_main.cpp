@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <cstdlib>
 
-#include "app/modMain.h"
+#include "modmain/modMain.h"
 #include "media/Audio.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include <QLineEdit>
 
-#include "app/modMain.h"
+#include "modmain/modMain.h"
 #include "match/frmGrumbo.h"
 #include "ui/Clock.h"
 

@@ -1,7 +1,7 @@
 // What building a round and blending a character cost, without the event pumps in between.
 #include <benchmark/benchmark.h>
 
-#include "app/modMain.h"
+#include "modmain/modMain.h"
 #include "match/frmGrumbo.h"
 #include "ui/Clock.h"
 

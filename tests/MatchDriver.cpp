@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "app/Numeric.h"
+#include "core/Numeric.h"
 
 namespace testing_support {
 

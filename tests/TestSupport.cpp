@@ -1,7 +1,8 @@
 #include "TestSupport.h"
 
-#include "app/modMain.h"
-#include "app/Random.h"
+#include "app/ScreenFlow.h"
+#include "modmain/modMain.h"
+#include "core/Random.h"
 #include "screens/frmLoading.h"
 #include "ui/Controls.h"
 
@@ -14,6 +15,7 @@ QString Relative(const QString& path) {
 
 void GameTest::SetUp() {
     ui::SetClock(&clock);
+    grumbo::WireScreens();
     media::Audio::Install(&effects, &music);
     modMain::SetAppPath(QStringLiteral(GRUMBO_DATA_DIR));
     ui::SetMsgBoxHook([this](const QString& text) { messages.push_back(text); });

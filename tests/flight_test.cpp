@@ -6,7 +6,7 @@
 #include <QTest>
 
 #include "TestSupport.h"
-#include "app/modMain.h"
+#include "modmain/modMain.h"
 #include "flight/frmSynchronization.h"
 #include "screens/frmLoading.h"
 
@@ -401,7 +401,7 @@ class Calibration : public GameTest {
     QString Calibrate(int areaWidth) {
         statuses.clear();
         frmLoading::Instance().onStatus = [this](const QString& s) { statuses.push_back(s); };
-        frmSynchronization sync(areaWidth);
+        frmSynchronization sync(frmLoading::Instance(), frmGrumbo::Instance().tmrMain, areaWidth);
         sync.Load();
         const QString result = statuses.isEmpty() ? QString() : statuses.last();
         sync.Unload();

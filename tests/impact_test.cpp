@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "TestSupport.h"
-#include "app/modMain.h"
+#include "modmain/modMain.h"
 #include "ui/Timer.h"
 
 using namespace testing_support;

@@ -5,7 +5,7 @@
 
 #include "MatchDriver.h"
 #include "TestSupport.h"
-#include "app/modMain.h"
+#include "modmain/modMain.h"
 
 using namespace testing_support;
 using namespace modMain;

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "TestSupport.h"
-#include "app/modMain.h"
+#include "modmain/modMain.h"
 #include "media/Transparency.h"
 #include "screens/frmLoading.h"
 

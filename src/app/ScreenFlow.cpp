@@ -1,12 +1,27 @@
 #include "app/ScreenFlow.h"
 
-#include "app/modMain.h"
 #include "match/frmGrumbo.h"
+#include "modmain/modMain.h"
+#include "screens/frmLoading.h"
 
 namespace grumbo {
 
+namespace {
+class ScreenOverlays : public MatchOverlays {
+public:
+    LoadingBox& Loading() override { return frmLoading::Instance(); }
+    void ShowGameOver() override {}
+};
+}  // namespace
+
+void WireScreens() {
+    static ScreenOverlays overlays;
+    frmGrumbo::Instance().SetOverlays(&overlays);
+}
+
 void StartProgram() {
     using namespace modMain;
+    WireScreens();
     // Until the players can choose, a match starts at once with the usual settings and two
     // characters that ship with the game.
     ApplySetupDefaults();

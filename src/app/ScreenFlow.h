@@ -1,7 +1,9 @@
 #pragma once
-// Where the program starts and how it ends.
+// The top of the program: which screens exist and how they reach each other.
 namespace grumbo {
 
+// Hands the match screen the boxes it shows over itself.
+void WireScreens();
 // Opens the program's first screen.
 void StartProgram();
 

@@ -1,8 +1,7 @@
 #include "flight/frmSynchronization.h"
 
-#include "app/modMain.h"
-#include "match/frmGrumbo.h"
-#include "screens/frmLoading.h"
+#include "media/ProjectileFrames.h"
+#include "modmain/modMain.h"
 #include "ui/Clock.h"
 
 using namespace modMain;
@@ -22,22 +21,20 @@ constexpr int kGiveUpMs = 10000;
 constexpr int kDesignedMatchInterval = 32;
 }  // namespace
 
-frmSynchronization::frmSynchronization(int areaWidth)
+frmSynchronization::frmSynchronization(LoadingBox& loading, ui::Timer& matchFlightTimer,
+                                       int areaWidth)
     : ui::Form(142, 133, Qt::Tool),
       tmrMain(kTestInterval),
       tmrCollision(30),
+      loading_(loading),
+      matchFlightTimer_(matchFlightTimer),
       areaWidth_(areaWidth) {}
-
-frmSynchronization& frmSynchronization::Instance() {
-    static frmSynchronization f;
-    return f;
-}
 
 void frmSynchronization::CreateControls(QWidget* window) {
     SetCaption(QStringLiteral("Synchronizing Tests"));
     picArea = new ui::PictureBox(window, QStringLiteral("picArea"), 0, 1, areaWidth_, kAreaHeight);
-    // The match screen's normal frames, so the test spins the same pictures a match does.
-    Projectile = frmGrumbo::Instance().Projectile;
+    // The normal projectile's frames, so the test spins the same pictures a match does.
+    for (int f = 0; f < 4; ++f) Projectile[f] = media::ProjectileSurface(0, f);
     imgProjectile = new ui::PictureBox(picArea, QStringLiteral("imgProjectile"), 0, 0, 10, 10);
     imgProjectile->ShowFrame(Projectile[0]);
     tmrMain.SetEnabled(false);
@@ -61,9 +58,9 @@ void frmSynchronization::Form_Load() {
     intHandY = grumbo::CInt(imgProjectile->Top());
     intHandX = grumbo::CInt(imgProjectile->Left());
     if (!FlyTest()) {
-        frmLoading::Instance().SetStatus(
+        loading_.SetStatus(
             QStringLiteral("Test did not finish, timers left at %1").arg(kDesignedMatchInterval));
-        frmGrumbo::Instance().tmrMain.SetInterval(kDesignedMatchInterval);
+        matchFlightTimer_.SetInterval(kDesignedMatchInterval);
         return;
     }
     AdjustMatchTimer();
@@ -72,15 +69,14 @@ void frmSynchronization::Form_Load() {
 bool frmSynchronization::FlyTest() {
     tmrCollision.SetEnabled(true);
     tmrMain.SetEnabled(true);
-    frmLoading& loading = frmLoading::Instance();
-    loading.SetProgress(0);
+    loading_.SetProgress(0);
     ui::Clock& clock = ui::clock();
     const std::int32_t start = clock.TickCount();
     while (imgProjectile->Left() <= picArea->Width() - 10) {
         if (ui::TicksSince(start, clock.TickCount()) > kGiveUpMs) return false;
         // Blocks until the next timer tick instead of spinning through the wait.
         clock.WaitEvents(clock.TickCount() + tmrMain.Interval());
-        loading.SetProgress(imgProjectile->Left() / 100.0 * 100);
+        loading_.SetProgress(imgProjectile->Left() / 100.0 * 100);
     }
     return true;
 }
@@ -94,11 +90,11 @@ void frmSynchronization::AdjustMatchTimer() {
         interval += static_cast<double>(kTargetMs - intTestTime) / kAdjustDivisor;
     // An interval below 1 ms would leave the flight timer silent.
     const int adjusted = std::max<int>(1, grumbo::CInt(interval));
-    frmLoading::Instance().SetStatus(QStringLiteral("Test completed in ") +
+    loading_.SetStatus(QStringLiteral("Test completed in ") +
                                      QString::number(intTestTime) + QStringLiteral(" ms, ") +
                                      QStringLiteral("adjusted timers to ") +
                                      QString::number(adjusted));
-    frmGrumbo::Instance().tmrMain.SetInterval(adjusted);
+    matchFlightTimer_.SetInterval(adjusted);
 }
 
 void frmSynchronization::Form_Unload(bool& cancel) {
@@ -117,7 +113,7 @@ void frmSynchronization::tmrMain_Timer() {
     imgProjectile->SetLeft(intHandX + static_cast<int>(Int(kVelocity * tau)));
     const int top = imgProjectile->Top(), left = imgProjectile->Left();
     if (top > 486 || top < -1800 || left > 762 || left < -40)
-        frmLoading::Instance().SetStatus(QStringLiteral("Off edge???"));
+        loading_.SetStatus(QStringLiteral("Off edge???"));
 }
 
 void frmSynchronization::tmrCollision_Timer() {
@@ -129,6 +125,6 @@ void frmSynchronization::tmrCollision_Timer() {
         const int red = c % 256, green = static_cast<int>(Int(c / 256.0)) % 256;
         const int blue = static_cast<int>(Int(c / 65536.0));
         if (c != -1 && !(blue > red + green))
-            frmLoading::Instance().SetStatus(QStringLiteral("Collision???"));
+            loading_.SetStatus(QStringLiteral("Collision???"));
     }
 }

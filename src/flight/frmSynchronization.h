@@ -3,7 +3,8 @@
 // test area and sets the match screen's flight timer from the number of ticks the test took.
 #include <array>
 
-#include "app/Numeric.h"
+#include "core/Numeric.h"
+#include "match/Overlays.h"
 #include "ui/Form.h"
 #include "ui/PictureBox.h"
 #include "ui/Surface.h"
@@ -13,9 +14,9 @@ class frmSynchronization : public ui::Form {
   public:
     using Integer = grumbo::Integer;
 
-    // The designed test area is 101 pixels wide; other widths exist for checking the adjustment.
-    explicit frmSynchronization(int areaWidth = 101);
-    static frmSynchronization& Instance();
+    // The test reports to `loading` and sets the interval of `matchFlightTimer`. The designed
+    // test area is 101 pixels wide; other widths exist for checking the adjustment.
+    frmSynchronization(LoadingBox& loading, ui::Timer& matchFlightTimer, int areaWidth = 101);
 
     Integer intFlightTime = 0;
     Integer intTickDivisor = 10;
@@ -43,5 +44,7 @@ class frmSynchronization : public ui::Form {
     bool FlyTest();
     void AdjustMatchTimer();
 
+    LoadingBox& loading_;
+    ui::Timer& matchFlightTimer_;
     int areaWidth_;
 };

@@ -9,9 +9,6 @@ using grumbo::CInt;
 namespace {
 constexpr int kBoardWaitMs = 5000;
 
-// The game-over screen arrives with the front-end screens; until then the final board stays.
-void ShowGameOver(frmGrumbo&) {}
-
 // Every odd row becomes one flat colour 40 % darker than its leftmost pixel, so the city shows
 // through dark stripes and the board stays readable on any sky.
 void DarkenInStripes(ui::PictureBox& scene) {
@@ -34,7 +31,7 @@ void impact::FinishMatch(frmGrumbo& f) {
     f.EndGame();
     Delay(kBoardWaitMs);
     if (watch.Gone()) return;
-    ShowGameOver(f);
+    f.Overlays().ShowGameOver();
 }
 
 void frmGrumbo::EndGame() {

@@ -2,7 +2,6 @@
 #include <QLabel>
 
 #include "match/frmGrumbo.h"
-#include "screens/frmLoading.h"
 
 using namespace modMain;
 using grumbo::Int;
@@ -21,7 +20,7 @@ void frmGrumbo::DrawSky() {
 }
 
 void frmGrumbo::BlendCharacters() {
-    frmLoading& loading = frmLoading::Instance();
+    LoadingBox& loading = Overlays().Loading();
     const int n = intPlayers;
     for (int i = 0; i < n; ++i) {
         ui::PictureBox& p = *Player[i];
@@ -47,9 +46,8 @@ void frmGrumbo::ResetPointsBox() {
 
 void frmGrumbo::GameLoad() {
     const int n = intPlayers;
-    frmLoading& loading = frmLoading::Instance();
-    loading.Show(window());
-    loading.window()->repaint();
+    LoadingBox& loading = Overlays().Loading();
+    loading.Open(window());
 
     for (int i = 0; i < n; ++i) Player[i]->hide();
     picArrow->hide();
@@ -88,5 +86,5 @@ void frmGrumbo::GameLoad() {
     ShowTurnTitle();
     pIndication();
     blnRoundOver = false;
-    loading.Unload();
+    loading.Close();
 }

@@ -9,7 +9,6 @@
 #include "flight/frmSynchronization.h"
 #include "match/frmGrumbo.h"
 #include "media/Audio.h"
-#include "screens/frmLoading.h"
 #include "ui/Controls.h"
 
 using namespace modMain;
@@ -28,7 +27,7 @@ void frmGrumbo::Form_Load() {
     lblFlimit->setText(QString::number(intFragLimit));
     RunCalibration();
     CreateExtraPlayers();
-    grumbo::Randomize();
+    Randomize();
     intProjectileKind = 0;
     intTickDivisor = 10;
     intCurrentPlayer = 0;
@@ -39,7 +38,7 @@ void frmGrumbo::Form_Load() {
 }
 
 void frmGrumbo::StartMusic() {
-    grumbo::Randomize();
+    Randomize();
     intTune = static_cast<Integer>(grumbo::Int(grumbo::Rnd() * 22) + 1);
     media::Audio::Music().Play(TunePath(intTune));
     intTuneSeconds = 0;
@@ -47,15 +46,14 @@ void frmGrumbo::StartMusic() {
 }
 
 void frmGrumbo::RunCalibration() {
-    frmLoading& loading = frmLoading::Instance();
-    loading.Show(window());
-    loading.window()->repaint();
+    LoadingBox& loading = Overlays().Loading();
+    loading.Open(window());
     loading.SetStatus(QStringLiteral("Synchronizing Timers..."));
-    frmSynchronization& sync = frmSynchronization::Instance();
+    frmSynchronization sync(loading, tmrMain);
     sync.Load(window());
     Delay(1000);
     sync.Unload();
-    loading.Unload();
+    loading.Close();
 }
 
 void frmGrumbo::CreateExtraPlayers() {

@@ -3,7 +3,6 @@
 #include <array>
 
 #include "match/frmGrumbo.h"
-#include "screens/frmLoading.h"
 
 using namespace modMain;
 using grumbo::Int;
@@ -94,7 +93,7 @@ void frmGrumbo::DrawBuildings() {
         }
         city.push_back(b);
         ++k;
-        frmLoading::Instance().SetProgress(static_cast<double>(x) / kSkylineEnd * 60 + 7);
+        Overlays().Loading().SetProgress(static_cast<double>(x) / kSkylineEnd * 60 + 7);
     } while (x < kSkylineEnd);
     picBld->Changed();
 

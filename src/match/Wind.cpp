@@ -2,7 +2,6 @@
 #include <QLabel>
 
 #include "match/frmGrumbo.h"
-#include "screens/frmLoading.h"
 
 using namespace modMain;
 using grumbo::Int;

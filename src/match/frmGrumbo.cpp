@@ -5,7 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "media/ProjectileArt.h"
+#include "media/ProjectileFrames.h"
 #include "media/Transparency.h"
 #include "ui/Controls.h"
 
@@ -14,17 +14,6 @@ using namespace modMain;
 namespace {
 constexpr int kFieldWidth = 722;
 constexpr int kFieldHeight = 466;
-
-ui::Surface ToSurface(const grumbo::Sprite& s) {
-    ui::Surface out(s.width, s.height);
-    for (int y = 0; y < s.height; ++y)
-        for (int x = 0; x < s.width; ++x) {
-            const std::uint32_t c = s.rgb[static_cast<std::size_t>(y) * s.width + x];
-            out.PSet(x, y, ui::RGB((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF));
-        }
-    out.TakeDirty();
-    return out;
-}
 
 QLabel* BoardLabel(QWidget* parent, int left, int top, int width, const QString& text,
                    const QColor& colour) {
@@ -48,6 +37,24 @@ frmGrumbo::frmGrumbo()
 
 frmGrumbo::~frmGrumbo() = default;
 
+namespace {
+// Stands in while no screens are wired: a match built without them shows no boxes.
+class NoOverlays : public MatchOverlays, public LoadingBox {
+public:
+    LoadingBox& Loading() override { return *this; }
+    void ShowGameOver() override {}
+    void Open(QWidget*) override {}
+    void SetStatus(const QString&) override {}
+    void SetProgress(double) override {}
+    void Close() override {}
+};
+}  // namespace
+
+MatchOverlays& frmGrumbo::Overlays() {
+    static NoOverlays none;
+    return overlays_ ? *overlays_ : none;
+}
+
 frmGrumbo& frmGrumbo::Instance() {
     static frmGrumbo f;
     return f;
@@ -55,10 +62,10 @@ frmGrumbo& frmGrumbo::Instance() {
 
 void frmGrumbo::LoadProjectileFrames() {
     for (int f = 0; f < 4; ++f) {
-        Projectile[f] = ToSurface(grumbo::projectileFrame(0, f));
-        nuke[f] = ToSurface(grumbo::projectileFrame(1, f));
-        war[f] = ToSurface(grumbo::projectileFrame(2, f));
-        mag[f] = ToSurface(grumbo::projectileFrame(3, f));
+        Projectile[f] = media::ProjectileSurface(0, f);
+        nuke[f] = media::ProjectileSurface(1, f);
+        war[f] = media::ProjectileSurface(2, f);
+        mag[f] = media::ProjectileSurface(3, f);
     }
 }
 
@@ -140,7 +147,7 @@ void frmGrumbo::CreateStatusStrip(QWidget* window) {
     const int selectLeft[4] = {9, 28, 47, 67};
     for (int k = 0; k < 4; ++k) {
         picSelect[k] = new ui::PictureBox(picUI, QStringLiteral("picSelect"), selectLeft[k], 14, 14, 14);
-        picSelect[k]->surface().Blit(ToSurface(grumbo::selectorIcon(k)), 1, 1);
+        picSelect[k]->surface().Blit(media::SelectorSurface(k), 1, 1);
         picSelect[k]->setVisible(k == 0);
     }
 

@@ -7,7 +7,8 @@
 #include <array>
 #include <vector>
 
-#include "app/modMain.h"
+#include "match/Overlays.h"
+#include "modmain/modMain.h"
 #include "ui/Form.h"
 #include "ui/PictureBox.h"
 #include "ui/Surface.h"
@@ -32,6 +33,9 @@ public:
     ~frmGrumbo() override;
     // The program's one match screen.
     static frmGrumbo& Instance();
+    // The boxes the match shows over itself; without them it shows none.
+    void SetOverlays(MatchOverlays* overlays) { overlays_ = overlays; }
+    MatchOverlays& Overlays();
 
     // ---- Match state ----------------------------------------------------------------------
     Integer intCurrentPlayer = 0;
@@ -163,4 +167,6 @@ private:
     void ResetWindBox();
     void ResetPointsBox();
     void DrawRoundWind();
+
+    MatchOverlays* overlays_ = nullptr;
 };

@@ -1,6 +1,6 @@
 #include "media/Transparency.h"
 
-#include "app/Numeric.h"
+#include "core/Numeric.h"
 #include "ui/PictureBox.h"
 #include "ui/Surface.h"
 

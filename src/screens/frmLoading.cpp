@@ -45,6 +45,11 @@ void frmLoading::CreateControls(QWidget* window) {
     ProgressBar->setTextVisible(false);
 }
 
+void frmLoading::Open(QWidget* owner) {
+    Show(owner);
+    if (window()) window()->repaint();
+}
+
 void frmLoading::SetProgress(double value) {
     progress_ = value;
     if (Loaded()) ProgressBar->setValue(static_cast<int>(value));

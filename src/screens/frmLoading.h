@@ -3,21 +3,25 @@
 // match start calibrates and while every round is built. It has no behaviour of its own.
 #include <functional>
 
+#include "match/Overlays.h"
 #include "ui/Form.h"
 
 class QLabel;
 class QProgressBar;
 
-class frmLoading : public ui::Form {
+class frmLoading : public ui::Form, public LoadingBox {
 public:
     frmLoading();
     static frmLoading& Instance();
 
     QLabel* lblStatus = nullptr;
+
+    void Open(QWidget* owner) override;
+    void Close() override { Unload(); }
     // Progress 0 to 100; fractions are kept, the bar shows whole percent.
-    void SetProgress(double value);
+    void SetProgress(double value) override;
     double Progress() const { return progress_; }
-    void SetStatus(const QString& text);
+    void SetStatus(const QString& text) override;
     QString Status() const;
 
     // Called on every progress or status change (tests watch the sequence through it).

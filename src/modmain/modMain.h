@@ -5,8 +5,8 @@
 #include <QString>
 #include <array>
 
-#include "app/Numeric.h"
-#include "app/Random.h"
+#include "core/Numeric.h"
+#include "core/Random.h"
 
 namespace ui {
 class Surface;
@@ -45,6 +45,9 @@ extern std::array<QString, 5> strPlayerName;
 extern bool blnInMatch;
 extern bool blnFlightPaused;
 extern bool blnBackToSetup;
+
+// Reseeds the random generator from the clock (or from the pinned seed).
+void Randomize();
 
 // Every value back to its program-start state (the setup screen's defaults included).
 void ResetProgramValues();

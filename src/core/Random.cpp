@@ -1,9 +1,7 @@
-#include "app/Random.h"
+#include "core/Random.h"
 
 #include <random>
 #include <vector>
-
-#include "ui/Clock.h"
 
 namespace grumbo {
 
@@ -25,9 +23,9 @@ double Rnd() {
 
 void Seed(std::uint64_t seed) { engine().seed(seed); }
 
-void Randomize() {
+void Reseed(std::uint32_t ticks) {
     if (pinned) Seed(*pinned);
-    else Seed(static_cast<std::uint32_t>(ui::clock().TickCount()) ^ std::random_device{}());
+    else Seed(ticks ^ std::random_device{}());
 }
 
 void PinSeed(std::optional<std::uint64_t> seed) { pinned = seed; }

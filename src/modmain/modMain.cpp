@@ -1,4 +1,4 @@
-#include "app/modMain.h"
+#include "modmain/modMain.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -57,6 +57,8 @@ void ApplySetupDefaults() {
     blnWindGusts = true;
     blnMusic = true;
 }
+
+void Randomize() { grumbo::Reseed(static_cast<std::uint32_t>(ui::clock().TickCount())); }
 
 void Delay(Long ms) {
     ui::Clock& c = ui::clock();
