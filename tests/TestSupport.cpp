@@ -4,7 +4,8 @@
 #include "modmain/modMain.h"
 #include "core/Random.h"
 #include "screens/frmLoading.h"
-#include "ui/Controls.h"
+#include "ui/MessageBox.h"
+#include "ui/Program.h"
 
 namespace testing_support {
 

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "ui/Controls.h"
+#include "ui/Program.h"
 
 int main(int argc, char** argv) {
     // Test discovery runs this binary outside CTest's environment: choose the headless platform

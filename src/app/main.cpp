@@ -2,7 +2,7 @@
 
 #include "app/ScreenFlow.h"
 #include "media/Audio.h"
-#include "ui/Controls.h"
+#include "ui/Program.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);

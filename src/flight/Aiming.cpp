@@ -10,7 +10,7 @@ using namespace modMain;
 namespace {
 
 // Only digits may be typed; control codes (Backspace, Enter, Tab, the clipboard shortcuts) pass.
-void KeepDigits(grumbo::Integer& KeyAscii) {
+void KeepDigits(ui::CharCode& KeyAscii) {
     if (KeyAscii > 31 && (KeyAscii < '0' || KeyAscii > '9')) KeyAscii = 0;
 }
 
@@ -32,10 +32,10 @@ QString ThrowSound(const QString& character) {
 
 }  // namespace
 
-void frmGrumbo::txtAngle_KeyPress(Integer& KeyAscii) {
+void frmGrumbo::txtAngle_KeyPress(ui::CharCode& KeyAscii) {
     KeepDigits(KeyAscii);
 }
-void frmGrumbo::txtVel_KeyPress(Integer& KeyAscii) {
+void frmGrumbo::txtVel_KeyPress(ui::CharCode& KeyAscii) {
     KeepDigits(KeyAscii);
 }
 void frmGrumbo::txtAngle_Change() {

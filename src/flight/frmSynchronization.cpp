@@ -39,8 +39,8 @@ void frmSynchronization::CreateControls(QWidget* window) {
     imgProjectile->ShowFrame(Projectile[0]);
     tmrMain.SetEnabled(false);
     tmrCollision.SetEnabled(false);
-    tmrMain.SetHandler([this] { tmrMain_Timer(); });
-    tmrCollision.SetHandler([this] { tmrCollision_Timer(); });
+    OnTimer(tmrMain, [this] { tmrMain_Timer(); });
+    OnTimer(tmrCollision, [this] { tmrCollision_Timer(); });
 }
 
 void frmSynchronization::PaintTestArea() {
@@ -75,7 +75,7 @@ bool frmSynchronization::FlyTest() {
     while (imgProjectile->Left() <= picArea->Width() - 10) {
         if (ui::TicksSince(start, clock.TickCount()) > kGiveUpMs) return false;
         // Blocks until the next timer tick instead of spinning through the wait.
-        clock.WaitEvents(clock.TickCount() + tmrMain.Interval());
+        ui::WaitForEvents(clock.TickCount() + tmrMain.Interval());
         loading_.SetProgress(imgProjectile->Left() / 100.0 * 100);
     }
     return true;

@@ -48,13 +48,10 @@ int RowAboveRoof(const frmGrumbo& f, const Span& b) {
 }  // namespace
 
 void frmGrumbo::HitBuilding() {
-    if (!Loaded()) return;
     PlaySoundFile(DataFile(QStringLiteral("sounds/bc.wav")));
-    const impact::ScreenWatch watch(*this);
     if (intProjectileKind != 2) {
         for (int r = 1; r <= kCraterRadius; ++r) {
             Delay(kRingPauseMs);
-            if (watch.Gone()) return;
             picBld->Circle(imgProjectile->Left() + 5, imgProjectile->Top() + 5, r, kCraterRed, true,
                            kCraterRed);
         }
@@ -70,9 +67,7 @@ void frmGrumbo::HitBuilding() {
 }
 
 void frmGrumbo::VaporizeBuilding(Integer intX) {
-    if (!Loaded()) return;
     PlaySoundFile(DataFile(QStringLiteral("sounds/vg.wav")));
-    const impact::ScreenWatch watch(*this);
     const Span b = BuildingAt(*this, intX);
     const int roof = RowAboveRoof(*this, b);
 
@@ -82,7 +77,6 @@ void frmGrumbo::VaporizeBuilding(Integer intX) {
         for (int i = 0; i < 22; ++i)
             picBld->PSet(static_cast<int>(Int(Rnd() * (b.right - b.left))) + b.left, y, sky);
         DoEvents();
-        if (watch.Gone()) return;
     }
     for (int y = roof; y <= frmGrumbo::kGroundLine; ++y)
         picBld->Line(b.left, y, b.right, y, picBg->Point(b.left, y));
@@ -95,7 +89,7 @@ void frmGrumbo::VaporizeBuilding(Integer intX) {
             PlayerCollision(static_cast<Integer>(i));
             // A decided round has already built a new city (or ended the match): the building is
             // gone, and whoever now stands where it stood is on another roof.
-            if (watch.Gone() || blnRoundOver || strFragged.isEmpty()) return;
+            if (blnRoundOver || strFragged.isEmpty()) return;
         } else {
             blnNukedPlayer = false;
         }
@@ -104,12 +98,10 @@ void frmGrumbo::VaporizeBuilding(Integer intX) {
 
 void frmGrumbo::Explode(ui::PictureBox& pic) {
     PlaySoundFile(DataFile(QStringLiteral("Explosion-2.au")));
-    const impact::ScreenWatch watch(*this);
     const int cx = pic.Width() / 2;
     const int cy = pic.Height() / 2;
     for (int r = 1; r <= pic.Height() / 2.0; ++r) {
         Delay(3);
-        if (watch.Gone()) return;
         pic.Circle(cx, cy, r, kBlastOutline, true, kBlastFill);
     }
     pic.SetTop(frmGrumbo::kOutOfPlay);
@@ -117,14 +109,12 @@ void frmGrumbo::Explode(ui::PictureBox& pic) {
 
 void frmGrumbo::Vaporize(ui::PictureBox& pic) {
     imgProjectile->hide();
-    const impact::ScreenWatch watch(*this);
     for (int n = 0; n < 4000; ++n) {
         const int x = static_cast<int>(Int(Rnd() * pic.Width()));
         const int y = static_cast<int>(Int(Rnd() * pic.Height()));
         const std::int32_t sky = picBg->Point(x + pic.Left(), y + pic.Top());
         if (pic.Point(x, y) != sky) pic.PSet(x, y, sky);
         DoEvents();
-        if (watch.Gone()) return;
     }
     pic.SetTop(frmGrumbo::kOutOfPlay);
 }

@@ -25,12 +25,10 @@ void DarkenInStripes(ui::PictureBox& scene) {
 }  // namespace
 
 void impact::FinishMatch(frmGrumbo& f) {
-    const ScreenWatch watch(f);
     // The deciding hit already counted a round that will not be played.
     f.lblcRound->setText(QString::number(static_cast<long>(grumbo::Val(f.lblcRound->text())) - 1));
     f.EndGame();
     Delay(kBoardWaitMs);
-    if (watch.Gone()) return;
     f.Overlays().ShowGameOver();
 }
 

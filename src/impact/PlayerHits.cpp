@@ -50,15 +50,13 @@ void ScoreRound(frmGrumbo& f, int hit) {
 }
 
 // Twelve frames alternating the two throwing poses.
-bool Dance(frmGrumbo& f, grumbo::Integer thrower, const impact::ScreenWatch& watch) {
+void Dance(frmGrumbo& f, grumbo::Integer thrower) {
     for (int frame = 1; frame <= 12; ++frame) {
         f.LoadCharacterPicture(thrower, frame % 2 == 1 ? QStringLiteral("1") : QStringLiteral("2"));
         ui::PictureBox& p = *f.Player[thrower];
         f.MakeTransparent(p);
         Delay(40);
-        if (watch.Gone()) return false;
     }
-    return true;
 }
 
 // The fewer throws wasted since the last mark, the better the chance; four or more get nothing.
@@ -76,8 +74,6 @@ bool NeedsNewCity(const QString& fragged) {
 }  // namespace
 
 void frmGrumbo::PlayerCollision(Integer intPlayer) {
-    if (!Loaded()) return;
-    const impact::ScreenWatch watch(*this);
     const Integer thrower = intCurrentPlayer;
     ui::PictureBox& hit = *Player[intPlayer];
     imgProjectile->hide();
@@ -86,16 +82,13 @@ void frmGrumbo::PlayerCollision(Integer intPlayer) {
 
     if (intProjectileKind == 1) {
         Vaporize(hit);
-        if (watch.Gone()) return;
         PlaySoundFile(DataFile(QStringLiteral("sounds/vg.wav")));
     } else {
         Explode(hit);
-        if (watch.Gone()) return;
         CryOut(intPlayer);
     }
     ++intFrags[thrower];
     DoEvents();
-    if (watch.Gone()) return;
 
     strFragged += QString::number(intPlayer);
     ScoreRound(*this, intPlayer);
@@ -103,10 +96,9 @@ void frmGrumbo::PlayerCollision(Integer intPlayer) {
     const Long before = lngPoints[thrower];
     lngPoints[thrower] += LeftSide(thrower) == LeftSide(intPlayer) ? kFriendlyFire : kEnemyBonus;
     ShowPoints(static_cast<Integer>(lngPoints[thrower] > before ? kEnemyBonus : kFriendlyFire));
-    if (watch.Gone() || !Dance(*this, thrower, watch)) return;
+    Dance(*this, thrower);
 
     Afterthrow();
-    if (watch.Gone()) return;
     if (static_cast<int>(grumbo::Val(lblRight->text())) == intFragLimit ||
         static_cast<int>(grumbo::Val(lblLeft->text())) == intFragLimit) {
         impact::FinishMatch(*this);

@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "impact/ImpactSteps.h"
-#include "ui/Controls.h"
+#include "ui/Labels.h"
 
 using namespace modMain;
 using grumbo::CInt;
@@ -32,7 +32,6 @@ QString impact::AccuracyText(grumbo::Integer frags, grumbo::Integer misses) {
 }
 
 void frmGrumbo::Points() {
-    if (!Loaded()) return;
     const ui::PictureBox& shot = *imgProjectile;
     const int impactX = Centre(shot);
     lblPoint->move(CInt(shot.Left() + shot.Width() / 2.0 - lblPoint->width() / 2.0),
@@ -55,8 +54,6 @@ void frmGrumbo::Points() {
 }
 
 void frmGrumbo::ShowPoints(Integer intPoints) {
-    if (!Loaded()) return;
-    const impact::ScreenWatch watch(*this);
     ui::SetLabelColour(lblPoint, Qt::white);
     lblPoint->setText(QString::number(intPoints));
     lblPoint->show();
@@ -66,7 +63,6 @@ void frmGrumbo::ShowPoints(Integer intPoints) {
     for (int y = start; y >= start - kRiseSteps; --y) {
         lblPoint->move(lblPoint->x(), y);
         Delay(20);
-        if (watch.Gone()) return;
     }
 
     // Fades into whatever the scene shows at the popup's corner.
@@ -82,7 +78,6 @@ void frmGrumbo::ShowPoints(Integer intPoints) {
         TryColour(lblPoint, CInt(r), CInt(g), CInt(b));
         Delay(5);
         DoEvents();
-        if (watch.Gone()) return;
     }
     lblPoint->hide();
 }

@@ -53,7 +53,6 @@ bool impact::TeamFragged(const QString& fragged) {
 }
 
 void frmGrumbo::Afterthrow() {
-    if (!Loaded()) return;
     const Integer thrower = intCurrentPlayer;
     lblPlayerPoints[thrower]->setText(strPlayerName[thrower] + QStringLiteral(": ") +
                                       QString::number(lngPoints[thrower]));
@@ -63,9 +62,7 @@ void frmGrumbo::Afterthrow() {
     imgProjectile->Move(intHandX, intHandY);
     intFlightTime = 0;
     dblGust = 0;
-    const impact::ScreenWatch watch(*this);
     DoEvents();
-    if (watch.Gone()) return;
 
     // Back to the standing pose; this also wipes an explosion drawn over a self-fragged thrower.
     LoadCharacterPicture(thrower, QString());
@@ -76,7 +73,6 @@ void frmGrumbo::Afterthrow() {
     boxSelect->move(8, boxSelect->y());
     intProjectileKind = 0;
     DoEvents();
-    if (watch.Gone()) return;
 
     intCurrentPlayer = NextPlayer(*this, thrower);
     ShowTurnTitle();

@@ -9,7 +9,8 @@
 #include "flight/frmSynchronization.h"
 #include "match/frmGrumbo.h"
 #include "media/Audio.h"
-#include "ui/Controls.h"
+#include "ui/MessageBox.h"
+#include "ui/Program.h"
 
 using namespace modMain;
 

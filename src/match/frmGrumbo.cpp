@@ -7,7 +7,8 @@
 
 #include "media/ProjectileFrames.h"
 #include "media/Transparency.h"
-#include "ui/Controls.h"
+#include "ui/Fonts.h"
+#include "ui/Labels.h"
 
 using namespace modMain;
 
@@ -182,8 +183,8 @@ void frmGrumbo::CreateFinalBoard(QWidget* window) {
 }
 
 void frmGrumbo::ConnectHandlers() {
-    tmrPind.SetHandler([this] { tmrPind_Timer(); });
-    tmrMIDI.SetHandler([this] { tmrMIDI_Timer(); });
+    OnTimer(tmrPind, [this] { tmrPind_Timer(); });
+    OnTimer(tmrMIDI, [this] { tmrMIDI_Timer(); });
     ConnectFlightHandlers();
 }
 

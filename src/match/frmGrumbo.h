@@ -10,6 +10,7 @@
 #include "match/Overlays.h"
 #include "modmain/modMain.h"
 #include "ui/Form.h"
+#include "ui/Input.h"
 #include "ui/PictureBox.h"
 #include "ui/Surface.h"
 #include "ui/Timer.h"
@@ -116,8 +117,8 @@ public:
 
     // ---- Throwing and flight (flight/) ------------------------------------------------------
     void AlignBanana();
-    void txtAngle_KeyPress(Integer& KeyAscii);
-    void txtVel_KeyPress(Integer& KeyAscii);
+    void txtAngle_KeyPress(ui::CharCode& KeyAscii);
+    void txtVel_KeyPress(ui::CharCode& KeyAscii);
     void txtAngle_Change();
     void txtVel_Change();
     void picSelect_Click(Integer Index);

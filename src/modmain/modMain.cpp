@@ -5,6 +5,7 @@
 
 #include "media/Audio.h"
 #include "ui/Clock.h"
+#include "ui/Form.h"
 #include "ui/PictureBox.h"
 #include "ui/Surface.h"
 
@@ -63,9 +64,9 @@ void Randomize() { grumbo::Reseed(static_cast<std::uint32_t>(ui::clock().TickCou
 void Delay(Long ms) {
     ui::Clock& c = ui::clock();
     const std::int32_t start = c.TickCount();
-    c.DoEvents();
+    ui::PumpEvents();
     // Elapsed time is measured as a difference, so the counter's wrap neither hangs nor cuts short.
-    while (ui::TicksSince(start, c.TickCount()) <= ms) c.WaitEvents(start + ms + 1);
+    while (ui::TicksSince(start, c.TickCount()) <= ms) ui::WaitForEvents(start + ms + 1);
 }
 
 namespace {
@@ -110,5 +111,5 @@ QString DataFile(const QString& relative) { return AppPath() + QLatin1Char('/') 
 }  // namespace modMain
 
 namespace modMain {
-void DoEvents() { ui::clock().DoEvents(); }
+void DoEvents() { ui::PumpEvents(); }
 }  // namespace modMain

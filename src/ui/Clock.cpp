@@ -102,6 +102,7 @@ void VirtualClock::ProcessQtEvents() {
 void VirtualClock::DoEvents() {
     now_ += kPumpStepMs;
     ProcessQtEvents();
+    if (onPump) onPump();
     FireDue();
 }
 
@@ -113,6 +114,7 @@ void VirtualClock::WaitEvents(std::int32_t deadline) {
     if (TicksSince(now_, target) > 0) now_ = target;
     else now_ += kPumpStepMs;
     ProcessQtEvents();
+    if (onPump) onPump();
     FireDue();
 }
 

@@ -2,6 +2,7 @@
 // One clock for the whole program: the tick counter, the event pump and every timer go through it,
 // so that tests can swap the real clock for a virtual one and run a whole match in milliseconds.
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace ui {
@@ -54,6 +55,10 @@ public:
     void WaitEvents(std::int32_t deadline) override;
     void StartTimer(Timer& timer) override;
     void StopTimer(Timer& timer) override;
+
+    // Runs at every pump, after the window events and before the timers: tests act there as a
+    // user would between two events.
+    std::function<void()> onPump;
 
     // Runs the program for `ms` of virtual time, firing timers as they fall due.
     void Advance(std::int32_t ms);

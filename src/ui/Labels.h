@@ -1,0 +1,17 @@
+#pragma once
+// Plain text labels at fixed places.
+#include <QColor>
+#include <QString>
+
+class QLabel;
+class QWidget;
+
+namespace ui {
+
+// A label in the game's small face with a see-through background, so the scene shows behind
+// its text.
+QLabel* MakeLabel(QWidget* parent, int left, int top, int width, int height, const QString& text,
+                  Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter);
+void SetLabelColour(QLabel* label, const QColor& text);
+
+}  // namespace ui
