@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <cstdlib>
 
-#include "modmain/modMain.h"
 #include "media/Audio.h"
+#include "modmain/modMain.h"
 
 namespace {
 class Silence : public media::EffectService, public media::MusicService {

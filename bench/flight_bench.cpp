@@ -3,8 +3,8 @@
 
 #include <QLineEdit>
 
-#include "modmain/modMain.h"
 #include "match/frmGrumbo.h"
+#include "modmain/modMain.h"
 #include "ui/Clock.h"
 
 namespace {

@@ -1,8 +1,8 @@
 // What building a round and blending a character cost, without the event pumps in between.
 #include <benchmark/benchmark.h>
 
-#include "modmain/modMain.h"
 #include "match/frmGrumbo.h"
+#include "modmain/modMain.h"
 #include "ui/Clock.h"
 
 namespace {

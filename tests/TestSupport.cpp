@@ -1,8 +1,8 @@
 #include "TestSupport.h"
 
 #include "app/ScreenFlow.h"
-#include "modmain/modMain.h"
 #include "core/Random.h"
+#include "modmain/modMain.h"
 #include "screens/frmLoading.h"
 #include "ui/MessageBox.h"
 #include "ui/Program.h"

@@ -214,7 +214,8 @@ TEST(Music, EveryTuneLastsExactlyItsScheduledTime) {
     for (int n = 1; n <= 22; ++n) {
         SCOPED_TRACE("tune " + std::to_string(n));
         assetcheck::Tune tune;
-        ASSERT_NO_THROW(tune = assetcheck::loadMidi(dataPath("midi/" + std::to_string(n) + ".mid")));
+        ASSERT_NO_THROW(tune =
+                            assetcheck::loadMidi(dataPath("midi/" + std::to_string(n) + ".mid")));
         EXPECT_NEAR(tune.seconds, lengths[n - 1], 0.5);
         EXPECT_FALSE(tune.programs.empty()) << "no General MIDI instruments chosen";
         EXPECT_GT(tune.notes, static_cast<int>(lengths[n - 1])) << "too sparse for its length";

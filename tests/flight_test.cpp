@@ -6,8 +6,8 @@
 #include <QTest>
 
 #include "TestSupport.h"
-#include "modmain/modMain.h"
 #include "flight/frmSynchronization.h"
+#include "modmain/modMain.h"
 #include "screens/frmLoading.h"
 
 using namespace testing_support;
@@ -17,7 +17,7 @@ using ui::RGB;
 namespace {
 
 class Flight : public GameTest {
-  protected:
+protected:
     // A match on a field of plain sky, without wind, the characters other than the thrower
     // parked below the field: nothing but the flight itself acts on the projectile.
     frmGrumbo& CalmMatch(int players = 2) {
@@ -221,7 +221,7 @@ TEST_F(Flight, SelectorsMoveTheFrameAndChooseTheKind) {
 // ---- Magnetic pull -------------------------------------------------------------------------
 
 class Magnet : public Flight {
-  protected:
+protected:
     // Players 1 to 3 share the place (400, 300): every pull below comes from one of them only.
     frmGrumbo& Field() {
         frmGrumbo& f = CalmMatch(4);
@@ -295,7 +295,7 @@ TEST_F(Magnet, PullBendsTheFlightOfTheMagneticKindOnly) {
 // ---- Collision checks ----------------------------------------------------------------------
 
 class Collision : public Flight {
-  protected:
+protected:
     // A calm match with a grey building block at x 300..400 from y 150 down, and a throw by
     // player 0 in the air (its timers on, the projectile placed by each case).
     frmGrumbo& Field() {
@@ -397,7 +397,7 @@ TEST_F(Collision, CharacterHitsByPixel) {
 // ---- Calibration ---------------------------------------------------------------------------
 
 class Calibration : public GameTest {
-  protected:
+protected:
     QString Calibrate(int areaWidth) {
         statuses.clear();
         frmLoading::Instance().onStatus = [this](const QString& s) { statuses.push_back(s); };

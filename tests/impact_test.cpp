@@ -13,13 +13,9 @@ using namespace testing_support;
 using namespace modMain;
 
 namespace {
-int Centre(const ui::PictureBox& p) {
-    return grumbo::CInt(p.Left() + p.Width() / 2.0);
-}
+int Centre(const ui::PictureBox& p) { return grumbo::CInt(p.Left() + p.Width() / 2.0); }
 
-void Script(std::vector<double> values) {
-    grumbo::ScriptRnd(values.data(), values.size());
-}
+void Script(std::vector<double> values) { grumbo::ScriptRnd(values.data(), values.size()); }
 
 bool IsSky(const frmGrumbo& f, int x, int y) {
     return f.picBld->Point(x, y) == f.picBg->Point(x, y);
@@ -27,7 +23,7 @@ bool IsSky(const frmGrumbo& f, int x, int y) {
 }  // namespace
 
 class Impact : public GameTest {
-  protected:
+protected:
     frmGrumbo& Start(int players) {
         frmGrumbo& f = StartMatch(players);
         blnWindGusts = false;

@@ -1,7 +1,8 @@
 // The number rules every formula of the game relies on.
+#include "core/Numeric.h"
+
 #include <gtest/gtest.h>
 
-#include "core/Numeric.h"
 #include "core/Random.h"
 
 using namespace grumbo;

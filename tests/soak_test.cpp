@@ -21,7 +21,8 @@ void ExpectOnRoofs(const frmGrumbo& f) {
         ASSERT_LE(p.Top(), 466) << "player " << i << " stands at the round's start";
         const int cx = p.Left() + p.Width() / 2, bottom = p.Top() + p.Height();
         ASSERT_NE(f.picBld->Point(cx, bottom), f.picBg->Point(cx, bottom)) << "player " << i;
-        ASSERT_EQ(f.picBld->Point(cx, bottom - 1), f.picBg->Point(cx, bottom - 1)) << "player " << i;
+        ASSERT_EQ(f.picBld->Point(cx, bottom - 1), f.picBg->Point(cx, bottom - 1))
+            << "player " << i;
     }
 }
 
@@ -37,7 +38,8 @@ void ExpectConsistent(const frmGrumbo& f, bool over) {
         ASSERT_GE(f.intMisses[i], 0);
         ASSERT_GE(f.intFrags[i], 0);
         frags += f.intFrags[i];
-        for (int k = 0; k < 4; ++k) ASSERT_TRUE(f.intSpecials[i][k] == 0 || f.intSpecials[i][k] == 1);
+        for (int k = 0; k < 4; ++k)
+            ASSERT_TRUE(f.intSpecials[i][k] == 0 || f.intSpecials[i][k] == 1);
         if (i >= intPlayers) {
             ASSERT_EQ(f.lngPoints[i], 0) << "nobody plays in that seat";
         }

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
 #include <QApplication>
@@ -11,7 +10,8 @@
 int main(int argc, char** argv) {
     // Test discovery runs this binary outside CTest's environment: choose the headless platform
     // and the silent audio driver here.
-    setenv("QT_QPA_PLATFORM", getenv("QT_QPA_PLATFORM") ? getenv("QT_QPA_PLATFORM") : "offscreen", 1);
+    setenv("QT_QPA_PLATFORM", getenv("QT_QPA_PLATFORM") ? getenv("QT_QPA_PLATFORM") : "offscreen",
+           1);
     setenv("SDL_AUDIODRIVER", "dummy", 0);
     if (!getenv("XDG_RUNTIME_DIR")) {
         static char dir[] = "/tmp/grumbo-tests-XXXXXX";
@@ -19,12 +19,12 @@ int main(int argc, char** argv) {
     }
     // The headless platform cannot raise windows and says so each time; that is no finding.
     static QtMessageHandler previous = nullptr;
-    previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& ctx,
-                                         const QString& msg) {
-        if (msg.contains(QLatin1String("does not support raise"))) return;
-        if (previous) previous(type, ctx, msg);
-        else fprintf(stderr, "%s\n", qPrintable(msg));
-    });
+    previous = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext& ctx, const QString& msg) {
+            if (msg.contains(QLatin1String("does not support raise"))) return;
+            if (previous) previous(type, ctx, msg);
+            else fprintf(stderr, "%s\n", qPrintable(msg));
+        });
     QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     const int rc = RUN_ALL_TESTS();

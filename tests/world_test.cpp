@@ -5,8 +5,8 @@
 #include <set>
 
 #include "TestSupport.h"
-#include "modmain/modMain.h"
 #include "media/Transparency.h"
+#include "modmain/modMain.h"
 #include "screens/frmLoading.h"
 
 using namespace testing_support;
@@ -74,7 +74,8 @@ std::vector<double> Script(std::vector<double> roof, const std::vector<PlannedBu
         r.push_back(((day ? b.shade - 3 : b.shade) + 0.5) / 3);
         r.push_back((b.heightStep + 0.5) / heightSetting);
         r.push_back((b.widthStep + 0.5) / 3);
-        const int w = b.closingWidth ? b.closingWidth : (b.widthStep + 4) * 12, h = (b.heightStep + 5) * 18;
+        const int w = b.closingWidth ? b.closingWidth : (b.widthStep + 4) * 12,
+                  h = (b.heightStep + 5) * 18;
         for (int i = 0; i < (h / 18) * (w / 12); ++i) r.push_back(b.lit ? 0.25 : 0.75);
         x += w;
     }
@@ -119,7 +120,8 @@ TEST_F(World, ScriptedDrawsBuildTheCityTheyDescribe) {
     EXPECT_EQ(RoofHeight(f, 719), 90);
     EXPECT_EQ(RoofHeight(f, 720), 0);
     EXPECT_EQ(RoofHeight(f, 240), 0) << "a one-pixel gap between buildings 4 and 5";
-    // Player 0 on building 1 (x 48..96), player 1 on building 9 (x 432..480), centred, rounded down.
+    // Player 0 on building 1 (x 48..96), player 1 on building 9 (x 432..480), centred, rounded
+    // down.
     const ui::PictureBox& p0 = *f.Player[0];
     const ui::PictureBox& p1 = *f.Player[1];
     EXPECT_EQ(p0.Left(), static_cast<int>(grumbo::Int(48 + 24 - p0.Width() / 2.0)));
@@ -140,7 +142,8 @@ TEST_F(World, FourPlayersAllStandEvenInATenBuildingCity) {
     grumbo::ScriptRnd(script.data(), script.size());
     f.GameLoad();
     ExpectWellFormedCity(f, 4);
-    EXPECT_EQ(f.Player[3]->Left(), static_cast<int>(grumbo::Int(648 + 36 - f.Player[3]->Width() / 2.0)))
+    EXPECT_EQ(f.Player[3]->Left(),
+              static_cast<int>(grumbo::Int(648 + 36 - f.Player[3]->Width() / 2.0)))
         << "the last player takes the closing building";
 }
 
@@ -255,8 +258,8 @@ TEST_F(World, WindArrowLengthHeadAndLabel) {
         double wind;
         int L;
         const char* label;
-    } cases[] = {{0, 2, "0 pps"},     {0.01, 2, "1 pps"},   {0.02, 4, "2 pps"},
-                 {0.03, 4, "3 pps"},  {0.05, 6, "5 pps"},   {0.21, 22, "21 pps"},
+    } cases[] = {{0, 2, "0 pps"},      {0.01, 2, "1 pps"},  {0.02, 4, "2 pps"},
+                 {0.03, 4, "3 pps"},   {0.05, 6, "5 pps"},  {0.21, 22, "21 pps"},
                  {0.36, 38, "36 pps"}, {0.58, 58, "58 pps"}};
     for (const Case& c : cases) {
         for (int mode : {1, 2}) {

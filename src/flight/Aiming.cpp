@@ -32,18 +32,10 @@ QString ThrowSound(const QString& character) {
 
 }  // namespace
 
-void frmGrumbo::txtAngle_KeyPress(ui::CharCode& KeyAscii) {
-    KeepDigits(KeyAscii);
-}
-void frmGrumbo::txtVel_KeyPress(ui::CharCode& KeyAscii) {
-    KeepDigits(KeyAscii);
-}
-void frmGrumbo::txtAngle_Change() {
-    UpdateThrowButton(*this);
-}
-void frmGrumbo::txtVel_Change() {
-    UpdateThrowButton(*this);
-}
+void frmGrumbo::txtAngle_KeyPress(ui::CharCode& KeyAscii) { KeepDigits(KeyAscii); }
+void frmGrumbo::txtVel_KeyPress(ui::CharCode& KeyAscii) { KeepDigits(KeyAscii); }
+void frmGrumbo::txtAngle_Change() { UpdateThrowButton(*this); }
+void frmGrumbo::txtVel_Change() { UpdateThrowButton(*this); }
 
 void frmGrumbo::picSelect_Click(Integer Index) {
     boxSelect->move(picSelect[Index]->Left() - 1, boxSelect->y());

@@ -14,28 +14,20 @@ constexpr double kPi = 3.14159265358979;
 
 // The projectile may go 40 pixels beyond either side, 20 below the ground line and far above
 // the top before it counts as gone.
-bool OffField(int left, int top) {
-    return top > 486 || top < -1800 || left > 762 || left < -40;
-}
+bool OffField(int left, int top) { return top > 486 || top < -1800 || left > 762 || left < -40; }
 
 const std::array<ui::Surface, 4>& FramesOf(frmGrumbo& f, grumbo::Integer kind) {
     switch (kind) {
-        case 1:
-            return f.nuke;
-        case 2:
-            return f.war;
-        case 3:
-            return f.mag;
-        default:
-            return f.Projectile;
+        case 1: return f.nuke;
+        case 2: return f.war;
+        case 3: return f.mag;
+        default: return f.Projectile;
     }
 }
 
 void DriftWithWind() {
-    if (intWindMode == 1)
-        dblGust -= dblWind;
-    else if (intWindMode == 2)
-        dblGust += dblWind;
+    if (intWindMode == 1) dblGust -= dblWind;
+    else if (intWindMode == 2) dblGust += dblWind;
 }
 
 }  // namespace

@@ -90,10 +90,9 @@ void frmSynchronization::AdjustMatchTimer() {
         interval += static_cast<double>(kTargetMs - intTestTime) / kAdjustDivisor;
     // An interval below 1 ms would leave the flight timer silent.
     const int adjusted = std::max<int>(1, grumbo::CInt(interval));
-    loading_.SetStatus(QStringLiteral("Test completed in ") +
-                                     QString::number(intTestTime) + QStringLiteral(" ms, ") +
-                                     QStringLiteral("adjusted timers to ") +
-                                     QString::number(adjusted));
+    loading_.SetStatus(QStringLiteral("Test completed in ") + QString::number(intTestTime) +
+                       QStringLiteral(" ms, ") + QStringLiteral("adjusted timers to ") +
+                       QString::number(adjusted));
     matchFlightTimer_.SetInterval(adjusted);
 }
 
@@ -124,7 +123,6 @@ void frmSynchronization::tmrCollision_Timer() {
         const std::int32_t c = picArea->Point(imgProjectile->Left() + dx, Y);
         const int red = c % 256, green = static_cast<int>(Int(c / 256.0)) % 256;
         const int blue = static_cast<int>(Int(c / 65536.0));
-        if (c != -1 && !(blue > red + green))
-            loading_.SetStatus(QStringLiteral("Collision???"));
+        if (c != -1 && !(blue > red + green)) loading_.SetStatus(QStringLiteral("Collision???"));
     }
 }

@@ -11,7 +11,7 @@
 #include "ui/Timer.h"
 
 class frmSynchronization : public ui::Form {
-  public:
+public:
     using Integer = grumbo::Integer;
 
     // The test reports to `loading` and sets the interval of `matchFlightTimer`. The designed
@@ -33,12 +33,12 @@ class frmSynchronization : public ui::Form {
     void tmrMain_Timer();
     void tmrCollision_Timer();
 
-  protected:
+protected:
     void CreateControls(QWidget* window) override;
     void Form_Load() override;
     void Form_Unload(bool& cancel) override;
 
-  private:
+private:
     void PaintTestArea();
     // Runs the test throw until it passes the test area; false when it ran out of time.
     bool FlyTest();

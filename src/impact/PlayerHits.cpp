@@ -12,9 +12,7 @@ namespace {
 constexpr grumbo::Long kEnemyBonus = 25000;
 constexpr grumbo::Long kFriendlyFire = -5000;
 
-bool LeftSide(int player) {
-    return intGameType == 2 ? player <= 1 : player == 0;
-}
+bool LeftSide(int player) { return intGameType == 2 ? player <= 1 : player == 0; }
 bool Gone(const frmGrumbo& f, int player) {
     return f.Player[player]->Top() > frmGrumbo::kGroundLine;
 }
@@ -26,10 +24,8 @@ void AddOne(QLabel* label) {
 void CryOut(int player) {
     const QString& who = strCharacter[player];
     QString cry = QStringLiteral("sounds/ge.wav");
-    if (who == QLatin1String("Dunik"))
-        cry = QStringLiteral("sounds/dHit.wav");
-    else if (who == QLatin1String("Vostrel"))
-        cry = QStringLiteral("sounds/vGrr.wav");
+    if (who == QLatin1String("Dunik")) cry = QStringLiteral("sounds/dHit.wav");
+    else if (who == QLatin1String("Vostrel")) cry = QStringLiteral("sounds/vGrr.wav");
     PlaySoundFile(DataFile(cry));
 }
 
@@ -37,12 +33,9 @@ void CryOut(int player) {
 // wiped out does, and when both go at once the right team takes it.
 void ScoreRound(frmGrumbo& f, int hit) {
     QLabel* scorer = nullptr;
-    if (intGameType != 2)
-        scorer = hit != 0 ? f.lblLeft : f.lblRight;
-    else if (Gone(f, 0) && Gone(f, 1))
-        scorer = f.lblRight;
-    else if (Gone(f, 2) && Gone(f, 3))
-        scorer = f.lblLeft;
+    if (intGameType != 2) scorer = hit != 0 ? f.lblLeft : f.lblRight;
+    else if (Gone(f, 0) && Gone(f, 1)) scorer = f.lblRight;
+    else if (Gone(f, 2) && Gone(f, 3)) scorer = f.lblLeft;
     if (!scorer) return;
     AddOne(scorer);
     AddOne(f.lblcRound);

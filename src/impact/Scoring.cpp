@@ -14,9 +14,7 @@ constexpr int kNoPointsWithin = 5;  // closer than this is no near miss but a hi
 constexpr int kRiseSteps = 28;
 constexpr int kFadeSteps = 35;
 
-int Centre(const ui::PictureBox& p) {
-    return CInt(p.Left() + p.Width() / 2.0);
-}
+int Centre(const ui::PictureBox& p) { return CInt(p.Left() + p.Width() / 2.0); }
 
 // A colour we cannot show (a channel outside 0..255) leaves the popup as it is.
 void TryColour(QLabel* label, int r, int g, int b) {

@@ -32,5 +32,6 @@ void frmGrumbo::tmrPind_Timer() {
         return;
     }
     static constexpr int kBob[7] = {0, 8, -4, -4, 8, -4, -4};
-    if (intPindCount >= 1 && intPindCount <= 6) imgPind->SetTop(imgPind->Top() + kBob[intPindCount]);
+    if (intPindCount >= 1 && intPindCount <= 6)
+        imgPind->SetTop(imgPind->Top() + kBob[intPindCount]);
 }

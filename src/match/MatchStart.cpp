@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSet>
-
 #include <algorithm>
 
 #include "flight/frmSynchronization.h"

@@ -14,7 +14,8 @@ constexpr int kSkylineEnd = 720;
 struct Shade {
     int top, bottom;
 };
-constexpr std::array<Shade, 6> kShades{{{98, 78}, {85, 67}, {75, 59}, {150, 128}, {170, 140}, {125, 100}}};
+constexpr std::array<Shade, 6> kShades{
+    {{98, 78}, {85, 67}, {75, 59}, {150, 128}, {170, 140}, {125, 100}}};
 constexpr std::int32_t kLit = ui::RGB(229, 244, 182);
 constexpr std::int32_t kDark = ui::RGB(50, 50, 50);
 
@@ -57,7 +58,8 @@ void DrawWindows(ui::Surface& scene, const Building& b) {
             const float r = static_cast<float>(c & 0xFF), g = static_cast<float>((c >> 8) & 0xFF),
                         bl = static_cast<float>(c >> 16);
             DrawGradient(scene, r, g, bl, r, g, bl, static_cast<float>(b.left + wx + 4),
-                         static_cast<float>(b.left + wx + 8), static_cast<float>(frmGrumbo::kGroundLine - wy - 14),
+                         static_cast<float>(b.left + wx + 8),
+                         static_cast<float>(frmGrumbo::kGroundLine - wy - 14),
                          static_cast<float>(frmGrumbo::kGroundLine - wy - 5));
         }
     }
@@ -77,14 +79,16 @@ void frmGrumbo::DrawBuildings() {
     int x = 0, k = 0, j = 0;
     ui::Surface& scene = picBld->surface();
     do {
-        const Shade s = kShades[static_cast<std::size_t>(blnDay ? Int(Rnd() * 3) + 3 : Int(Rnd() * 3))];
+        const Shade s =
+            kShades[static_cast<std::size_t>(blnDay ? Int(Rnd() * 3) + 3 : Int(Rnd() * 3))];
         const int h = (static_cast<int>(Int(Rnd() * intBuildingHeight)) + 5) * 18;
         const int w = ClosingWidth(x, (static_cast<int>(Int(Rnd() * 3)) + 4) * 12);
         const Building b{x, w, h};
         x += w;
         DrawGradient(scene, s.top, s.top, s.top, s.bottom, s.bottom, s.bottom,
                      static_cast<float>(b.left + 1), static_cast<float>(x),
-                     static_cast<float>(frmGrumbo::kGroundLine - h), static_cast<float>(frmGrumbo::kGroundLine));
+                     static_cast<float>(frmGrumbo::kGroundLine - h),
+                     static_cast<float>(frmGrumbo::kGroundLine));
         DrawWindows(scene, b);
         if (j < n && roof[j] == k) {
             StandOnRoof(*Player[j], b);

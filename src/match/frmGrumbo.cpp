@@ -147,7 +147,8 @@ void frmGrumbo::CreateStatusStrip(QWidget* window) {
     boxSelect->setLineWidth(1);
     const int selectLeft[4] = {9, 28, 47, 67};
     for (int k = 0; k < 4; ++k) {
-        picSelect[k] = new ui::PictureBox(picUI, QStringLiteral("picSelect"), selectLeft[k], 14, 14, 14);
+        picSelect[k] =
+            new ui::PictureBox(picUI, QStringLiteral("picSelect"), selectLeft[k], 14, 14, 14);
         picSelect[k]->surface().Blit(media::SelectorSurface(k), 1, 1);
         picSelect[k]->setVisible(k == 0);
     }

@@ -124,18 +124,13 @@ Sprite turnClockwise(const Sprite& in) {
 Sprite firstFrame(int kind) {
     const Palette& palette = kPalettes[static_cast<std::size_t>(kind)];
     switch (kind) {
-        case 2:
-            return fromMap(kWarBanana, palette);
-        case 3:
-            return fromMap(kMagnet, palette);
-        default:
-            return fromMap(kBanana, palette);
+        case 2: return fromMap(kWarBanana, palette);
+        case 3: return fromMap(kMagnet, palette);
+        default: return fromMap(kBanana, palette);
     }
 }
 
-bool validKind(int kind) {
-    return kind >= 0 && kind <= 3;
-}
+bool validKind(int kind) { return kind >= 0 && kind <= 3; }
 
 }  // namespace
 

@@ -68,8 +68,7 @@ std::vector<unsigned char> DecodeToWav(const QString& file) {
     SNDFILE* sf = sf_open(QFile::encodeName(file).constData(), SFM_READ, &info);
     if (!sf) return {};
     std::vector<short> samples;
-    if (info.frames > 0 && info.channels > 0 && info.channels <= 8 &&
-        info.frames < 60LL * 192000) {
+    if (info.frames > 0 && info.channels > 0 && info.channels <= 8 && info.frames < 60LL * 192000) {
         samples.resize(static_cast<std::size_t>(info.frames) * info.channels);
         samples.resize(sf_read_short(sf, samples.data(), static_cast<sf_count_t>(samples.size())));
     }

@@ -16,7 +16,8 @@ public:
     virtual std::int32_t TickCount() = 0;
     // Processes the window events that are pending now and returns.
     virtual void DoEvents() = 0;
-    // Blocks until an event arrives or the tick counter reaches `deadline`, then processes what came.
+    // Blocks until an event arrives or the tick counter reaches `deadline`, then processes what
+    // came.
     virtual void WaitEvents(std::int32_t deadline) = 0;
 
     virtual void StartTimer(Timer& timer) = 0;

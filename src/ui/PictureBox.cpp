@@ -1,13 +1,16 @@
 #include "ui/PictureBox.h"
 
-#include <QPainter>
 #include <QPaintEvent>
+#include <QPainter>
 
 namespace ui {
 
 PictureBox::PictureBox(QWidget* parent, QString name, int left, int top, int width, int height,
                        std::int32_t backColour)
-    : QWidget(parent), name_(std::move(name)), back_(backColour), surface_(width, height, backColour) {
+    : QWidget(parent),
+      name_(std::move(name)),
+      back_(backColour),
+      surface_(width, height, backColour) {
     setObjectName(name_);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setGeometry(left, top, width, height);
@@ -37,8 +40,7 @@ void PictureBox::Cls() {
     if (picture_.IsNull()) {
         if (surface_.Width() != width() || surface_.Height() != height())
             surface_ = Surface(width(), height(), back_);
-        else
-            surface_.Fill(back_);
+        else surface_.Fill(back_);
     } else {
         surface_ = picture_;
         Resize(picture_.Width(), picture_.Height());

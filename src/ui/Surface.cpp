@@ -77,13 +77,15 @@ void Surface::Circle(int cx, int cy, int radius, std::int32_t colour, bool fille
     // Midpoint circle: for each row offset the half width of the disc.
     const QRgb inside = ToQRgb(fillColour);
     for (int dy = -radius; dy <= radius; ++dy) {
-        const int half = static_cast<int>(std::sqrt(double(radius) * radius - double(dy) * dy) + 0.5);
+        const int half =
+            static_cast<int>(std::sqrt(double(radius) * radius - double(dy) * dy) + 0.5);
         if (filled) HLine(cx - half, cx + half, cy + dy, inside);
         PSet(cx - half, cy + dy, colour);
         PSet(cx + half, cy + dy, colour);
     }
     for (int dx = -radius; dx <= radius; ++dx) {
-        const int half = static_cast<int>(std::sqrt(double(radius) * radius - double(dx) * dx) + 0.5);
+        const int half =
+            static_cast<int>(std::sqrt(double(radius) * radius - double(dx) * dx) + 0.5);
         PSet(cx + dx, cy - half, colour);
         PSet(cx + dx, cy + half, colour);
     }

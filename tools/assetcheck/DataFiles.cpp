@@ -103,7 +103,8 @@ Pcm loadAu(const std::string& path) {
     Pcm pcm;
     pcm.rate = static_cast<int>(be(b, 16, 4));
     pcm.channels = static_cast<int>(be(b, 20, 4));
-    if (pcm.rate <= 0 || pcm.channels <= 0) throw std::runtime_error(path + ": bad rate or channels");
+    if (pcm.rate <= 0 || pcm.channels <= 0)
+        throw std::runtime_error(path + ": bad rate or channels");
     for (std::uint32_t i = 0; i + 1 < size; i += 2)
         pcm.samples.push_back(static_cast<std::int16_t>(be(b, offset + i, 2)));
     if (pcm.samples.empty()) throw std::runtime_error(path + ": no audio");

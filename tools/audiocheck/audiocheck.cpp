@@ -67,16 +67,19 @@ int main(int argc, char** argv) {
     const QString out = argc > 2 ? QString::fromLocal8Bit(argv[2]) : QDir::tempPath();
     QDir().mkpath(out);
     int silent = 0;
-    QStringList effects = QDir(data + QStringLiteral("/sounds")).entryList({"*.wav"}, QDir::Files, QDir::Name);
+    QStringList effects =
+        QDir(data + QStringLiteral("/sounds")).entryList({"*.wav"}, QDir::Files, QDir::Name);
     for (const QString& e : effects) {
         const QString path = data + QStringLiteral("/sounds/") + e;
         silent += !Record(out, e, 1800, [&] { media::Audio::Effects().Play(path); });
     }
     const QString au = data + QStringLiteral("/Explosion-2.au");
-    silent += !Record(out, QStringLiteral("Explosion-2.au"), 2000, [&] { media::Audio::Effects().Play(au); });
+    silent += !Record(out, QStringLiteral("Explosion-2.au"), 2000,
+                      [&] { media::Audio::Effects().Play(au); });
     for (int n = 1; n <= 22; ++n) {
         const QString path = data + QStringLiteral("/midi/%1.mid").arg(n);
-        silent += !Record(out, QStringLiteral("%1.mid").arg(n), 4000, [&] { media::Audio::Music().Play(path); });
+        silent += !Record(out, QStringLiteral("%1.mid").arg(n), 4000,
+                          [&] { media::Audio::Music().Play(path); });
     }
     std::printf("%d silent\n", silent);
     return silent ? 1 : 0;
