@@ -11,7 +11,7 @@ namespace {
 frmGrumbo& MatchInFlight(ui::VirtualClock& clock) {
     using namespace modMain;
     ui::SetClock(&clock);
-    ApplySetupDefaults();
+    ApplySettings(SetupDefaults());
     blnMusic = false;
     for (int i = 0; i < 4; ++i) {
         strPlayerName[i] = QStringLiteral("Player %1").arg(i + 1);

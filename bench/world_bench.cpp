@@ -14,7 +14,7 @@ public:
 
 frmGrumbo& StartedMatch(int players) {
     using namespace modMain;
-    ApplySetupDefaults();
+    ApplySettings(SetupDefaults());
     blnMusic = false;
     intPlayers = static_cast<grumbo::Integer>(players);
     intGameType = static_cast<grumbo::Integer>(players / 2);

@@ -22,7 +22,7 @@ void GameTest::SetUp() {
     ui::SetMsgBoxHook([this](const QString& text) { messages.push_back(text); });
     ui::SetEndProgramHook([this] { ++programEnds; });
     modMain::ResetProgramValues();
-    modMain::ApplySetupDefaults();
+    modMain::ApplySettings(modMain::SetupDefaults());
     grumbo::ScriptRnd(nullptr, 0);
 }
 

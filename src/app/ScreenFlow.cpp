@@ -24,7 +24,7 @@ void StartProgram() {
     WireScreens();
     // Until the players can choose, a match starts at once with the usual settings and two
     // characters that ship with the game.
-    ApplySetupDefaults();
+    ApplySettings(SetupDefaults());
     strPlayerName[0] = QStringLiteral("Player 1");
     strPlayerName[1] = QStringLiteral("Player 2");
     strCharacter[0] = QStringLiteral("Classic Grumbo");

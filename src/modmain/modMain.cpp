@@ -47,16 +47,29 @@ void ResetProgramValues() {
     strPlayerName.fill(QString());
 }
 
-void ApplySetupDefaults() {
-    dblGravity = 9.8;
-    intGameType = 1;
-    intPlayers = 2;
-    intTimeOfDay = 1;
-    intFragLimit = 3;
-    intWindExtremity = 20;
-    intBuildingHeight = 8;
-    blnWindGusts = true;
-    blnMusic = true;
+MatchSettings SetupDefaults() {
+    MatchSettings s;
+    s.dblGravity = 9.8;
+    s.intGameType = 1;
+    s.intTimeOfDay = 1;
+    s.intFragLimit = 3;
+    s.intWindExtremity = 20;
+    s.intBuildingHeight = 8;
+    s.blnWindGusts = true;
+    s.blnMusic = true;
+    return s;
+}
+
+void ApplySettings(const MatchSettings& s) {
+    dblGravity = s.dblGravity;
+    intGameType = s.intGameType;
+    intPlayers = static_cast<Integer>(2 * s.intGameType);
+    intTimeOfDay = s.intTimeOfDay;
+    intFragLimit = s.intFragLimit;
+    intWindExtremity = s.intWindExtremity;
+    intBuildingHeight = s.intBuildingHeight;
+    blnWindGusts = s.blnWindGusts;
+    blnMusic = s.blnMusic;
 }
 
 void Randomize() { grumbo::Reseed(static_cast<std::uint32_t>(ui::clock().TickCount())); }

@@ -49,10 +49,24 @@ extern bool blnBackToSetup;
 // Reseeds the random generator from the clock (or from the pinned seed).
 void Randomize();
 
-// Every value back to its program-start state (the setup screen's defaults included).
+// The match settings as one value: what the setup screen offers and what a match runs with.
+struct MatchSettings {
+    double dblGravity = 0;
+    Integer intGameType = 0;
+    Integer intTimeOfDay = 0;
+    Integer intFragLimit = 0;
+    Integer intWindExtremity = 0;
+    Integer intBuildingHeight = 0;
+    bool blnWindGusts = false;
+    bool blnMusic = false;
+};
+// What an untouched setup screen offers.
+MatchSettings SetupDefaults();
+// Puts `settings` into the program-wide values (the number of players follows the game type).
+void ApplySettings(const MatchSettings& settings);
+
+// Every value back to its program-start state.
 void ResetProgramValues();
-// The defaults the setup screen offers.
-void ApplySetupDefaults();
 
 // Waits at least `ms` milliseconds while window events keep being handled. It always pumps at
 // least once and blocks between events instead of spinning.
