@@ -18,7 +18,7 @@ bool CheckCharacters(frmGrumbo& f) {
         ui::PictureBox& c = *f.Player[i];
         const int L = c.Left(), T = c.Top(), W = c.Width();
         const int P = projectile.Left();
-        if (i == f.intCurrentPlayer || T >= frmGrumbo::kOutOfPlay || L - 10 >= P || L + W + 10 <= P)
+        if (i == f.intCurrentPlayer || T >= field::kOutOfPlay || L - 10 >= P || L + W + 10 <= P)
             continue;
 
         const int X = projectile.Left() + 1;

@@ -13,9 +13,7 @@ constexpr grumbo::Long kEnemyBonus = 25000;
 constexpr grumbo::Long kFriendlyFire = -5000;
 
 bool LeftSide(int player) { return intGameType == 2 ? player <= 1 : player == 0; }
-bool Gone(const frmGrumbo& f, int player) {
-    return f.Player[player]->Top() > frmGrumbo::kGroundLine;
-}
+bool Gone(const frmGrumbo& f, int player) { return f.Player[player]->Top() > field::kGroundLine; }
 
 void AddOne(QLabel* label) {
     label->setText(QString::number(static_cast<long>(grumbo::Val(label->text())) + 1));

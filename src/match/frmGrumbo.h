@@ -7,6 +7,7 @@
 #include <array>
 #include <vector>
 
+#include "match/Field.h"
 #include "match/Overlays.h"
 #include "modmain/modMain.h"
 #include "ui/Form.h"
@@ -25,11 +26,6 @@ class frmGrumbo : public ui::Form {
 public:
     using Integer = grumbo::Integer;
     using Long = grumbo::Long;
-    // The buildings' bottom edge; a character box whose top edge lies below it is out of play,
-    // and this is where such boxes are parked.
-    static constexpr int kGroundLine = 466;
-    static constexpr int kOutOfPlay = 467;
-
     frmGrumbo();
     ~frmGrumbo() override;
     // The program's one match screen.
@@ -162,12 +158,16 @@ private:
     void StartMusic();
     void RunCalibration();
     void CreateExtraPlayers();
+    // A character box, parked out of play until a roof is found for it.
+    ui::PictureBox* NewCharacterBox();
     ui::Surface MissingPicture(const QString& path, int width, int height);
     void DrawSky();
     void BlendCharacters();
     void ResetWindBox();
     void ResetPointsBox();
     void DrawRoundWind();
+    // A new wind strength within the wind extremity.
+    void DrawWindStrength();
 
     MatchOverlays* overlays_ = nullptr;
 };
