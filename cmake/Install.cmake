@@ -29,7 +29,13 @@ configure_file(${PROJECT_SOURCE_DIR}/dist/${GRUMBO_APP_ID}.metainfo.xml.in
 install(FILES ${PROJECT_BINARY_DIR}/dist/${GRUMBO_APP_ID}.metainfo.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 
-install(FILES ${PROJECT_SOURCE_DIR}/dist/grumbo2.6 DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
+# Debian keeps its man pages gzipped, without name or time stamp in the header.
+set(GRUMBO_MANPAGE ${PROJECT_BINARY_DIR}/dist/grumbo2.6.gz)
+add_custom_command(OUTPUT ${GRUMBO_MANPAGE}
+                   COMMAND gzip -9 -n -c ${PROJECT_SOURCE_DIR}/dist/grumbo2.6 > ${GRUMBO_MANPAGE}
+                   DEPENDS ${PROJECT_SOURCE_DIR}/dist/grumbo2.6)
+add_custom_target(grumbo2_manpage ALL DEPENDS ${GRUMBO_MANPAGE})
+install(FILES ${GRUMBO_MANPAGE} DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
 
 set(CPACK_PACKAGE_NAME grumbo2)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
@@ -42,13 +48,15 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The Grumbo 2 developers <grumbo2@example.or
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "Grumbo 2 - Kravenmoor is a turn-based artillery game for two or four players sharing
-one computer. In every round a new city is built; the players stand on its
-rooftops and take turns throwing bananas (normal, nuke, war, magnetic) under
-gravity and wind, cratering the skyline and counting frags, points and accuracy.")
-# The libraries the program links come from dpkg-shlibdeps; what it only opens at run time
-# (the SoundFont for the tunes, Wine's Tahoma) is named here.
+    "Grumbo 2 - Kravenmoor is a turn-based artillery game for two or four
+players sharing one computer. In every round a new city is built; the players
+stand on its rooftops and take turns throwing bananas (normal, nuke, war,
+magnetic) under gravity and wind, cratering the skyline and counting frags,
+points and accuracy.")
+# dpkg-shlibdeps names the libraries the program links (Qt 6 Widgets, SDL2_mixer, libsndfile,
+# libc, libstdc++); what it only opens at run time, the SoundFont for the tunes and Wine's
+# Tahoma, is named here.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS
-    "libqt6widgets6 (>= 6.4), libsdl2-mixer-2.0-0, libsndfile1, timgm6mb-soundfont, fonts-wine")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "timgm6mb-soundfont, fonts-wine")
+set(CPACK_STRIP_FILES ON)
 include(CPack)
