@@ -32,7 +32,7 @@ protected:
         dblGust = 0;
         intWindMode = 0;
         for (int i = 0; i < intPlayers; ++i)
-            if (i != f.intCurrentPlayer) f.Player[i]->SetTop(467);
+            if (i != f.intCurrentPlayer) f.Player[i]->SetTop(field::kOutOfPlay);
     }
 
     static void Type(QLineEdit* box, const QString& text) {
@@ -254,7 +254,7 @@ TEST_F(Magnet, ZonesAroundTheCharacter) {
         PullAt(f, c.left, c.top);
         EXPECT_DOUBLE_EQ(dblMagX, c.pull) << c.left << ", " << c.top;
     }
-    for (int i = 1; i < 4; ++i) f.Player[i]->SetTop(467);
+    for (int i = 1; i < 4; ++i) f.Player[i]->SetTop(field::kOutOfPlay);
     f.Player[0]->Move(400, 300);
     dblMagX = 0;
     PullAt(f, 380, 280);
@@ -380,9 +380,9 @@ TEST_F(Collision, CharacterHitsByPixel) {
     EXPECT_TRUE(f.tmrMain.Enabled()) << "see-through pixels in front of sky";
 
     Stand(f, 0, 500, 250);  // the thrower in the same place is never hit
-    Stand(f, 1, 500, 467);
+    Stand(f, 1, 500, field::kOutOfPlay);
     CheckAt(f, 500 + solid.x() - 1, 250 + solid.y());
-    CheckAt(f, 500 + solid.x() - 1, 467 + solid.y());
+    CheckAt(f, 500 + solid.x() - 1, field::kOutOfPlay + solid.y());
     EXPECT_TRUE(f.tmrMain.Enabled()) << "neither the thrower nor a parked character";
 
     // Standing in front of the building: the character is hit and the check stops there, so the
