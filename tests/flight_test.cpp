@@ -312,9 +312,10 @@ protected:
         p.Cls();
         f.MakeTransparent(p, 0, 0, static_cast<float>(p.Width()), static_cast<float>(p.Height()));
     }
+    // One tick of the collision timer with the projectile at (left, top).
     static void CheckAt(frmGrumbo& f, int left, int top) {
         f.imgProjectile->Move(left, top);
-        f.tmrCollision_Timer();
+        f.tmrCollision.Fire();
     }
 };
 
@@ -341,22 +342,6 @@ TEST_F(Collision, BuildingsByKind) {
     CheckAt(f, 360, 200);
     EXPECT_FALSE(f.tmrMain.Enabled());
     EXPECT_EQ(f.intMisses[0], 2) << "a nuke on an empty building is one miss, counted once";
-}
-
-TEST_F(Collision, CharacterProbeRange) {
-    frmGrumbo& f = Field();
-    Stand(f, 1, 500, 300);
-    const int L = 500, W = f.Player[1]->Width();
-    // Outside these bounds the character is not even sampled.
-    const struct {
-        int left;
-        bool sampled;
-    } cases[] = {{L - 10, false}, {L - 9, true}, {L + W + 9, true}, {L + W + 10, false}};
-    for (const auto& c : cases) {
-        f.lngPlayerColor = 12345;
-        CheckAt(f, c.left, 300);
-        EXPECT_EQ(f.lngPlayerColor != 12345, c.sampled) << "left " << c.left;
-    }
 }
 
 TEST_F(Collision, CharacterHitsByPixel) {
