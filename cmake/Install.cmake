@@ -9,13 +9,10 @@ set(GRUMBO_HOMEPAGE "https://grumbo2.example.org" CACHE STRING "The game's homep
 set(GRUMBO_APP_ID org.example.grumbo2)
 set(GRUMBO_ICON_SIZES 16 22 24 32 48 64 128 256)
 
-if(TARGET grumbo2)
-    install(TARGETS grumbo2 RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-endif()
+install(TARGETS grumbo2 RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
-# The icons are for the desktop, not for the game.
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/grumbo2
-        PATTERN icons EXCLUDE)
+# The icons go with the game's data too: its windows show them.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/grumbo2)
 foreach(size IN LISTS GRUMBO_ICON_SIZES)
     install(FILES ${PROJECT_SOURCE_DIR}/data/icons/grumbo2-${size}.png
             DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps

@@ -14,6 +14,13 @@ public:
 };
 }  // namespace
 
+QStringList IconFiles() {
+    QStringList files;
+    for (int size : {16, 22, 24, 32, 48, 64, 128, 256})
+        files << modMain::DataFile(QStringLiteral("icons/grumbo2-%1.png").arg(size));
+    return files;
+}
+
 void WireScreens() {
     static ScreenOverlays overlays;
     frmGrumbo::Instance().SetOverlays(&overlays);

@@ -1,6 +1,8 @@
 #include "modmain/modMain.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <algorithm>
 
 #include "media/Audio.h"
@@ -113,9 +115,20 @@ void DrawGradient(ui::PictureBox& pic, float R1, float G1, float B1, float R2, f
 
 void PlaySoundFile(const QString& file) { media::Audio::Effects().Play(file); }
 
+QString DataFolderFor(const QString& programFolder) {
+    const auto hasData = [](const QString& folder) {
+        return QFileInfo(folder + QStringLiteral("/characters")).isDir();
+    };
+    if (hasData(programFolder)) return programFolder;
+    const QString installed = QDir::cleanPath(programFolder + QStringLiteral("/../share/grumbo2"));
+    return hasData(installed) ? installed : programFolder;
+}
+
 QString AppPath() {
     if (!appPathOverride.isEmpty()) return appPathOverride;
-    return QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QString(".");
+    if (!QCoreApplication::instance()) return QStringLiteral(".");
+    static const QString folder = DataFolderFor(QCoreApplication::applicationDirPath());
+    return folder;
 }
 
 void SetAppPath(const QString& folder) { appPathOverride = folder; }

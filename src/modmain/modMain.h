@@ -81,8 +81,11 @@ void DrawGradient(ui::PictureBox& pic, float R1, float G1, float B1, float R2, f
 // Starts a sound effect in the background; a missing or broken file plays nothing.
 void PlaySoundFile(const QString& file);
 
-// The folder holding the game's data: the program's own folder unless a test points elsewhere.
+// The folder holding the game's data (see DataFolderFor) unless a test points elsewhere.
 QString AppPath();
+// Where the data of a program in `programFolder` lies: beside it, as in the build tree, or else
+// in share/grumbo2 beside the program's bin folder, as after an installation wherever it went.
+QString DataFolderFor(const QString& programFolder);
 void SetAppPath(const QString& folder);
 // AppPath() joined with a relative name such as "sounds/throw.wav".
 QString DataFile(const QString& relative);

@@ -1,6 +1,7 @@
 #include "ui/Program.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QPointer>
 #include <QWidget>
 
@@ -22,6 +23,12 @@ void EndProgram() {
     }
     QApplication::closeAllWindows();
     QCoreApplication::exit(0);
+}
+
+void SetWindowIcon(const QStringList& files) {
+    QIcon icon;
+    for (const QString& f : files) icon.addFile(f);
+    QApplication::setWindowIcon(icon);
 }
 
 void DestroyAllWindows() {

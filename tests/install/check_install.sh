@@ -23,10 +23,10 @@ data=$share/grumbo2
 for folder in characters sounds midi; do
     [ -n "$(ls -A "$data/$folder" 2>/dev/null)" ] || fail "no data folder share/grumbo2/$folder"
 done
-expected=$(cd "$source_data" && find . -path ./icons -prune -o -type f -print | sort)
+expected=$(cd "$source_data" && find . -type f | sort)
 installed=$(cd "$data" 2>/dev/null && find . -type f | sort)
 [ "$expected" = "$installed" ] || {
-    fail "share/grumbo2 differs from data/ without icons:"
+    fail "share/grumbo2 differs from data/:"
     diff <(echo "$expected") <(echo "$installed") | sed -n 's/^[<>]/  &/p'
 }
 

@@ -1,0 +1,84 @@
+#include "app/CommandLine.h"
+
+#include <charconv>
+#include <string_view>
+
+namespace grumbo {
+
+namespace {
+
+constexpr int kMaxScale = 4;
+
+void Usage(std::ostream& s) {
+    s << "Usage: grumbo2 [--scale N] [--seed N]\n"
+         "       grumbo2 --help | --version\n"
+         "\n"
+         "Grumbo 2 - Kravenmoor: a turn-based banana artillery game for two or four players.\n"
+         "\n"
+         "  --scale N   enlarge every window by the whole factor N (1 to 4); by default the\n"
+         "              screen height divided by 1080, rounded down\n"
+         "  --seed N    start the random numbers from N, so that the cities, the wind and the\n"
+         "              tunes repeat from one run to the next\n"
+         "  --help      show this text\n"
+         "  --version   show the version\n";
+}
+
+template <class T>
+bool ReadNumber(std::string_view text, T& value) {
+    const char* end = text.data() + text.size();
+    const auto [ptr, ec] = std::from_chars(text.data(), end, value);
+    return ec == std::errc() && ptr == end && !text.empty();
+}
+
+// The value of an option given as "--name N" or "--name=N"; advances `i` past a separate value.
+std::optional<std::string_view> ValueOf(std::string_view arg, std::string_view name, int& i,
+                                        int argc, char** argv) {
+    if (arg == name) {
+        if (i + 1 >= argc) return std::string_view();
+        return std::string_view(argv[++i]);
+    }
+    if (arg.size() > name.size() && arg.substr(0, name.size()) == name && arg[name.size()] == '=')
+        return arg.substr(name.size() + 1);
+    return std::nullopt;
+}
+
+int Refuse(std::ostream& err, std::string_view what) {
+    err << "grumbo2: " << what << "\n\n";
+    Usage(err);
+    return 2;
+}
+
+}  // namespace
+
+std::optional<int> ParseCommandLine(int argc, char** argv, Options& options, std::ostream& out,
+                                    std::ostream& err) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view arg(argv[i]);
+        if (arg == "--help" || arg == "-h") {
+            Usage(out);
+            return 0;
+        }
+        if (arg == "--version") {
+            out << "grumbo2 " << GRUMBO_VERSION << "\n";
+            return 0;
+        }
+        if (const auto value = ValueOf(arg, "--scale", i, argc, argv)) {
+            int scale = 0;
+            if (!ReadNumber(*value, scale) || scale < 1 || scale > kMaxScale)
+                return Refuse(err, "--scale takes a whole number from 1 to 4");
+            options.scale = scale;
+            continue;
+        }
+        if (const auto value = ValueOf(arg, "--seed", i, argc, argv)) {
+            std::uint64_t seed = 0;
+            if (!ReadNumber(*value, seed))
+                return Refuse(err, "--seed takes a whole number of 0 or more");
+            options.seed = seed;
+            continue;
+        }
+        return Refuse(err, "unknown option " + std::string(arg));
+    }
+    return std::nullopt;
+}
+
+}  // namespace grumbo

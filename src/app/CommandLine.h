@@ -1,0 +1,22 @@
+#pragma once
+// The program's command line: --help, --version, --scale N, --seed N.
+#include <cstdint>
+#include <optional>
+#include <ostream>
+
+namespace grumbo {
+
+struct Options {
+    // 1 to 4; none means: chosen from the screen.
+    std::optional<int> scale;
+    // Pins the random numbers, so that cities, wind and tunes repeat from one run to the next.
+    std::optional<std::uint64_t> seed;
+};
+
+// Reads the options into `options`. Returns the exit status when the program should stop at
+// once: 0 after --help or --version (answered on `out`), 2 after an option it does not know or a
+// bad value (the usage goes to `err`).
+std::optional<int> ParseCommandLine(int argc, char** argv, Options& options, std::ostream& out,
+                                    std::ostream& err);
+
+}  // namespace grumbo

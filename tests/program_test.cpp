@@ -1,0 +1,98 @@
+// The program's own surroundings: its command line, where it finds its data, how large it draws.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <sstream>
+#include <vector>
+
+#include "app/CommandLine.h"
+#include "modmain/modMain.h"
+#include "ui/Display.h"
+
+namespace {
+
+struct Parsed {
+    std::optional<int> status;
+    grumbo::Options options;
+    std::string out, err;
+};
+
+Parsed Parse(std::vector<std::string> args) {
+    args.insert(args.begin(), "grumbo2");
+    std::vector<char*> argv;
+    for (std::string& a : args) argv.push_back(a.data());
+    Parsed r;
+    std::ostringstream out, err;
+    r.status =
+        grumbo::ParseCommandLine(static_cast<int>(argv.size()), argv.data(), r.options, out, err);
+    r.out = out.str();
+    r.err = err.str();
+    return r;
+}
+
+}  // namespace
+
+TEST(CommandLine, AnswersOnTheTerminalAndRefusesWhatItDoesNotKnow) {
+    const Parsed help = Parse({"--help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.out.find("--seed"), std::string::npos);
+    EXPECT_EQ(Parse({"--version"}).status, 0);
+    EXPECT_EQ(Parse({"--version"}).out, "grumbo2 " GRUMBO_VERSION "\n");
+
+    for (const std::vector<std::string>& bad : {std::vector<std::string>{"--fullscreen"},
+                                                {"--scale", "5"},
+                                                {"--scale", "0"},
+                                                {"--scale"},
+                                                {"--scale=2x"},
+                                                {"--seed", "-1"},
+                                                {"--seed", "forty"},
+                                                {"game.sav"}}) {
+        const Parsed r = Parse(bad);
+        EXPECT_EQ(r.status, 2) << bad[0];
+        EXPECT_NE(r.err.find("Usage: grumbo2"), std::string::npos) << bad[0];
+        EXPECT_TRUE(r.out.empty()) << bad[0];
+    }
+}
+
+TEST(CommandLine, ScaleAndSeedInEitherSpelling) {
+    const Parsed none = Parse({});
+    EXPECT_FALSE(none.status);
+    EXPECT_FALSE(none.options.scale || none.options.seed);
+
+    const Parsed both = Parse({"--scale", "4", "--seed=18446744073709551615"});
+    EXPECT_FALSE(both.status);
+    EXPECT_EQ(both.options.scale, 4);
+    EXPECT_EQ(both.options.seed, 18446744073709551615ull);
+    EXPECT_EQ(Parse({"--scale=1", "--seed", "42"}).options.seed, 42u);
+}
+
+TEST(Display, AutomaticScaleFollowsTheScreenHeight) {
+    const struct {
+        int height;
+        double ratio;
+        int scale;
+    } cases[] = {{768, 1, 1},  {1079, 1, 1}, {1080, 1, 1},   {2159, 1, 1}, {2160, 1, 2},
+                 {3240, 1, 3}, {4320, 1, 4}, {8640, 1, 4},   {0, 1, 1},    {1600, 2, 2},
+                 {2160, 2, 2}, {2160, 3, 3}, {1440, 1.5, 1}, {4320, 2, 4}};
+    for (const auto& c : cases)
+        EXPECT_EQ(ui::AutomaticScale({c.height, c.ratio}), c.scale)
+            << c.height << " px at ratio " << c.ratio;
+}
+
+TEST(DataFolder, BesideTheProgramFirstThenTheInstalledShareFolder) {
+    QTemporaryDir root;
+    ASSERT_TRUE(root.isValid());
+    QDir dir(root.path());
+    ASSERT_TRUE(dir.mkpath(QStringLiteral("build/game/characters")));
+    ASSERT_TRUE(dir.mkpath(QStringLiteral("usr/bin")));
+    ASSERT_TRUE(dir.mkpath(QStringLiteral("usr/share/grumbo2/characters")));
+    ASSERT_TRUE(dir.mkpath(QStringLiteral("bare/bin")));
+
+    const QString build = root.path() + QStringLiteral("/build/game");
+    EXPECT_EQ(modMain::DataFolderFor(build), build);
+    EXPECT_EQ(modMain::DataFolderFor(root.path() + QStringLiteral("/usr/bin")),
+              root.path() + QStringLiteral("/usr/share/grumbo2"));
+    const QString bare = root.path() + QStringLiteral("/bare/bin");
+    EXPECT_EQ(modMain::DataFolderFor(bare), bare) << "nothing anywhere: the program's own folder";
+}
