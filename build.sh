@@ -8,7 +8,8 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev libsdl2-mixer-dev libsndfile1-dev
-          timgm6mb-soundfont fonts-wine libgtest-dev libgmock-dev libbenchmark-dev)
+          timgm6mb-soundfont fonts-wine libgtest-dev libgmock-dev libbenchmark-dev
+          xvfb xauth xdotool x11-utils imagemagick)
 
 install_missing() {
     local missing=()
