@@ -48,6 +48,7 @@ press "$message" Return
 wait_gone "Grumbo 2 - Kravenmoor"
 wait_window "Player 1"
 
+click "$player" 190 185  # the right arrow: the name box keeps the keyboard
 type_into "$player" "Ann"
 press "$player" Return
 wait_window "Player 2"
