@@ -1,8 +1,8 @@
 #include "app/ScreenFlow.h"
 
 #include "match/frmGrumbo.h"
-#include "modmain/modMain.h"
 #include "screens/frmLoading.h"
+#include "screens/frmSplash.h"
 
 namespace grumbo {
 
@@ -27,16 +27,8 @@ void WireScreens() {
 }
 
 void StartProgram() {
-    using namespace modMain;
     WireScreens();
-    // Until the players can choose, a match starts at once with the usual settings and two
-    // characters that ship with the game.
-    ApplySettings(SetupDefaults());
-    strPlayerName[0] = QStringLiteral("Player 1");
-    strPlayerName[1] = QStringLiteral("Player 2");
-    strCharacter[0] = QStringLiteral("Classic Grumbo");
-    strCharacter[1] = QStringLiteral("Rapper Grumbo");
-    frmGrumbo::Instance().Show();
+    frmSplash::Instance().Show();
 }
 
 }  // namespace grumbo
