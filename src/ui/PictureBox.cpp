@@ -48,9 +48,9 @@ void PictureBox::Cls() {
     update();
 }
 
-bool PictureBox::LoadPicture(const QString& path) {
+bool PictureBox::LoadPicture(const QString& path, PictureError* error) {
     Surface loaded;
-    if (!loaded.Load(path)) return false;
+    if (!loaded.Load(path, error)) return false;
     SetPicture(loaded);
     return true;
 }

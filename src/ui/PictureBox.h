@@ -42,6 +42,7 @@ public:
 
     // Tells the screen that the surface changed outside the calls above.
     void Changed();
+    void SetSeeThrough(bool on);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
