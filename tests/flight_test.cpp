@@ -1,9 +1,11 @@
 // Aiming, flight, magnetic pull, collision checks and the timer calibration, driven through the
 // real match screen offscreen on the virtual clock.
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QFrame>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 #include "TestSupport.h"
@@ -69,6 +71,13 @@ protected:
     void RunTicks(frmGrumbo& f, int ticks) {
         clock.RunUntil([&] { return f.intFlightTime >= ticks || !f.tmrMain.Enabled(); },
                        ticks * 40 + 500);
+    }
+
+    // What the screen shows in `r` of the match window once pending repaints are done.
+    static QImage OnScreen(frmGrumbo& f, const QRect& r) {
+        QCoreApplication::processEvents();
+        QWidget* w = f.window();
+        return w->screen()->grabWindow(w->winId(), r.x(), r.y(), r.width(), r.height()).toImage();
     }
 
     int Left(frmGrumbo& f) { return f.imgProjectile->Left(); }
@@ -219,8 +228,7 @@ TEST_F(Flight, ProjectileSpinsShowsTheSceneThroughItsWhiteAndPassesBehindCharact
                 const ui::Surface& picture = (*kinds[kind])[frame];
                 f.imgProjectile->ShowFrame(picture);
                 f.imgProjectile->Move(at.x(), at.y());
-                const QImage screen =
-                    f.window()->grab(QRect(at, f.imgProjectile->size())).toImage();
+                const QImage screen = OnScreen(f, QRect(at, f.imgProjectile->size()));
                 int white = 0;
                 for (int y = 0; y < picture.Height(); ++y)
                     for (int x = 0; x < picture.Width(); ++x) {
@@ -239,7 +247,7 @@ TEST_F(Flight, ProjectileSpinsShowsTheSceneThroughItsWhiteAndPassesBehindCharact
     const QPoint body(p.Left() + p.Width() / 2 - 5, p.Top() + p.Height() / 2 - 5);
     f.imgProjectile->ShowFrame(f.Projectile[0]);
     f.imgProjectile->Move(body.x(), body.y());
-    const QImage screen = f.window()->grab(QRect(body, QSize(10, 10))).toImage();
+    const QImage screen = OnScreen(f, QRect(body, QSize(10, 10)));
     for (int y = 0; y < 10; ++y)
         for (int x = 0; x < 10; ++x)
             ASSERT_EQ(ui::FromQRgb(screen.pixel(x, y)),

@@ -18,10 +18,11 @@ using namespace testing_support;
 namespace {
 
 // A Windows bitmap as the usual tools write it: a 40-byte info header, rows padded to four bytes,
-// bottom-up unless `topDown`; an 8-bit picture gets a colour table of the colours it uses.
+// bottom-up unless `topDown`; a picture of 8 bits or fewer gets a table of the colours it uses
+// and packs its pixels from the top bit of each byte down.
 QByteArray Bmp(int w, int h, const std::vector<QRgb>& px, int bits = 24, bool topDown = false) {
     std::vector<QRgb> table;
-    if (bits == 8)
+    if (bits <= 8)
         for (QRgb c : px)
             if (std::find(table.begin(), table.end(), c) == table.end()) table.push_back(c);
     const int stride = (w * bits + 31) / 32 * 4;
@@ -41,11 +42,20 @@ QByteArray Bmp(int w, int h, const std::vector<QRgb>& px, int bits = 24, bool to
     for (int row = 0; row < h; ++row) {
         const int y = topDown ? row : h - 1 - row;
         const qsizetype start = b.size();
+        int packed = 0, filled = 0;
         for (int x = 0; x < w; ++x) {
             const QRgb c = px[static_cast<std::size_t>(y * w + x)];
-            if (bits == 8) put(std::find(table.begin(), table.end(), c) - table.begin(), 1);
-            else put(c & 0xFFFFFF, bits / 8);
+            if (bits > 8) {
+                put(c & 0xFFFFFF, bits / 8);
+                continue;
+            }
+            packed = packed << bits | int(std::find(table.begin(), table.end(), c) - table.begin());
+            if ((filled += bits) == 8) {
+                put(packed, 1);
+                packed = filled = 0;
+            }
         }
+        if (filled) put(packed << (8 - filled), 1);
         b.append(QByteArray(stride - (b.size() - start), '\0'));
     }
     return b;
@@ -74,12 +84,15 @@ void Write(const QString& path, const QByteArray& bytes) {
 
 TEST(Bitmap, ReadsEveryPixelAtEachDepthInEitherRowOrder) {
     QTemporaryDir dir;
-    // Three pixels a row: a 24-bit row needs padding.
-    const std::vector<QRgb> px{qRgb(255, 0, 0), qRgb(0, 255, 0),     qRgb(0, 0, 255),
-                               qRgb(1, 2, 3),   qRgb(255, 255, 255), qRgb(200, 100, 50)};
-    for (int bits : {8, 24, 32})
+    // Three pixels a row, so that rows need padding; two colours where one bit holds a pixel.
+    const QRgb red = qRgb(255, 0, 0), blue = qRgb(0, 0, 255);
+    const std::vector<QRgb> six{red,           qRgb(0, 255, 0),     blue,
+                                qRgb(1, 2, 3), qRgb(255, 255, 255), qRgb(200, 100, 50)};
+    const std::vector<QRgb> two{red, blue, blue, blue, red, blue};
+    for (int bits : {1, 4, 8, 24, 32})
         for (bool topDown : {false, true}) {
             SCOPED_TRACE(testing::Message() << bits << " bits, top-down " << topDown);
+            const std::vector<QRgb>& px = bits == 1 ? two : six;
             const QString path = dir.filePath(QStringLiteral("p.bmp"));
             Write(path, Bmp(3, 2, px, bits, topDown));
             QImage img;

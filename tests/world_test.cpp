@@ -338,6 +338,8 @@ TEST_F(World, WindArrowLengthHeadAndLabel) {
         }
     }
     // The label is written in its light grey on the sky: no sky is that light in all three parts.
+    f.picArrow->ClearPicture();
+    f.MakeTransparent(*f.picArrow);
     const QLabel& label = *f.lblWind;
     const QImage screen =
         f.window()->grab(QRect(label.mapTo(f.window(), QPoint(0, 0)), label.size())).toImage();
