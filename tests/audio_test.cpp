@@ -2,6 +2,7 @@
 #include <SDL_mixer.h>
 #include <gtest/gtest.h>
 
+#include <QDataStream>
 #include <QFile>
 #include <QTemporaryDir>
 #include <chrono>
@@ -21,25 +22,17 @@ bool finished = false;
 // that the recording holds it unchanged.
 QByteArray SteadyWav(int frames, qint16 level) {
     QByteArray b;
-    const auto put = [&](const char* text) { b.append(text, 4); };
-    const auto num = [&](quint32 v, int n) {
-        for (int i = 0; i < n; ++i) b.append(static_cast<char>(v >> (8 * i)));
-    };
+    QDataStream out(&b, QIODevice::WriteOnly);
+    out.setByteOrder(QDataStream::LittleEndian);
     const quint32 bytes = static_cast<quint32>(frames) * 4;
-    put("RIFF");
-    num(36 + bytes, 4);
-    put("WAVE");
-    put("fmt ");
-    num(16, 4);
-    num(1, 2);
-    num(2, 2);
-    num(44100, 4);
-    num(44100 * 4, 4);
-    num(4, 2);
-    num(16, 2);
-    put("data");
-    num(bytes, 4);
-    for (int i = 0; i < frames * 2; ++i) num(static_cast<quint16>(level), 2);
+    out.writeRawData("RIFF", 4);
+    out << 36 + bytes;
+    out.writeRawData("WAVEfmt ", 8);
+    out << quint32{16} << quint16{1} << quint16{2} << quint32{44100} << quint32{44100 * 4}
+        << quint16{4} << quint16{16};
+    out.writeRawData("data", 4);
+    out << bytes;
+    for (int i = 0; i < frames * 2; ++i) out << level;
     return b;
 }
 

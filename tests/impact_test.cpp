@@ -305,31 +305,38 @@ TEST_F(Impact, SpecialAwardChanceShrinksWithWastedThrows) {
     }
 }
 
-TEST_F(Impact, NukeDissolvesTheBuildingAndFragsWhoStandsOnIt) {
+TEST_F(Impact, NukeDissolvesItsBuildingAndFragsWhoStandsOnIt) {
     frmGrumbo& f = Start(4);
-    // A scene of our own: one block from x = 300 to 359, roof at 300, sky on both sides.
+    // Blocks of our own on sky, one at each border and one in the middle (x 300 to 359, roof at
+    // 300); nobody stands on them at first.
     f.picBld->SetPicture(f.picBg->surface());
-    f.picBld->surface().FillRect(300, 300, 359, 465, ui::RGB(90, 90, 90));
-    for (ui::PictureBox* p : f.Player) p->SetLeft(20);
+    for (ui::PictureBox* p : f.Player) p->SetLeft(200);
     f.intProjectileKind = 1;
-    f.blnNukedPlayer = false;
-    f.VaporizeBuilding(330);
-    for (int y = 290; y <= 465; y += 5)
-        for (int x = 295; x <= 365; x += 5) ASSERT_TRUE(IsSky(f, x, y)) << x << "," << y;
+    const auto block = [&](int from, int to) {
+        f.picBld->surface().FillRect(from, 300, to, 465, ui::RGB(90, 90, 90));
+    };
+    for (const auto& [from, to, impact] :
+         {std::tuple{0, 40, 20}, {680, 721, 700}, {300, 359, 330}}) {
+        block(from, to);
+        f.VaporizeBuilding(static_cast<grumbo::Integer>(impact));
+        for (int y = 290; y <= 465; ++y)
+            for (int x = std::max(from - 5, 0); x <= std::min(to + 5, 721); ++x)
+                ASSERT_TRUE(IsSky(f, x, y)) << x << "," << y;
+    }
     EXPECT_FALSE(f.blnNukedPlayer);
     EXPECT_EQ(f.intFrags[0], 0);
     EXPECT_TRUE(Played().contains(QStringLiteral("sounds/vg.wav")));
 
     // Player 3 already fragged on the block: not hit again, and the throw counts as a miss.
-    f.picBld->surface().FillRect(300, 300, 359, 465, ui::RGB(90, 90, 90));
+    block(300, 359);
     f.Player[3]->Move(310, field::kOutOfPlay);
     f.blnNukedPlayer = true;
     f.VaporizeBuilding(330);
     EXPECT_FALSE(f.blnNukedPlayer);
     EXPECT_EQ(f.intFrags[0], 0);
 
-    // Player 2 standing on it: dissolved and fragged; a left edge on the first column is spared.
-    f.picBld->surface().FillRect(300, 300, 359, 465, ui::RGB(90, 90, 90));
+    // Player 2 standing on it is dissolved and fragged; a left edge on the first column is spared.
+    block(300, 359);
     f.Player[2]->Move(310, 300 - f.Player[2]->Height());
     f.Player[3]->Move(300, 300 - f.Player[3]->Height());
     f.VaporizeBuilding(330);
@@ -339,28 +346,16 @@ TEST_F(Impact, NukeDissolvesTheBuildingAndFragsWhoStandsOnIt) {
     EXPECT_EQ(f.Player[2]->Top(), field::kOutOfPlay);
     EXPECT_LE(f.Player[3]->Top(), field::kGroundLine);
     EXPECT_EQ(f.intMisses[0], 0);
-}
 
-TEST_F(Impact, NukeReachesTheBordersAndTakesEveryoneOnItsBuilding) {
-    frmGrumbo& f = Start(4);
-    f.picBld->SetPicture(f.picBg->surface());
-    for (ui::PictureBox* p : f.Player) p->SetLeft(200);  // on none of the blocks below
-    f.intProjectileKind = 1;
-    // Blocks that touch the left and the right border dissolve up to it.
-    for (const auto& [from, to, impact] : {std::tuple{0, 40, 20}, {680, 721, 700}}) {
-        f.picBld->surface().FillRect(from, 300, to, 465, ui::RGB(90, 90, 90));
-        f.VaporizeBuilding(static_cast<grumbo::Integer>(impact));
-        for (int y = 300; y <= 465; ++y)
-            for (int x = from; x <= to; ++x) ASSERT_TRUE(IsSky(f, x, y)) << x << "," << y;
-    }
-    // Both enemies on one block: each goes to the hit handling in turn, whoever's turn it is
-    // then scores, and the left team takes the round.
-    f.picBld->surface().FillRect(300, 300, 359, 465, ui::RGB(90, 90, 90));
+    // Both enemies on one block: each goes to the hit handling in turn, the one whose turn it
+    // then is scores, and the left team takes the round.
+    block(300, 359);
     f.Player[2]->Move(310, 300 - f.Player[2]->Height());
     f.Player[3]->Move(330, 300 - f.Player[3]->Height());
+    f.intCurrentPlayer = 0;
+    f.intProjectileKind = 1;
     f.VaporizeBuilding(330);
-    EXPECT_TRUE(f.blnNukedPlayer);
-    EXPECT_EQ(f.intFrags[0], 1);
+    EXPECT_EQ(f.intFrags[0], 2);
     EXPECT_EQ(f.intFrags[1], 1) << "after the first frag the turn is player 1's";
     EXPECT_EQ(f.lblLeft->text(), QStringLiteral("1"));
     EXPECT_EQ(f.lblcRound->text(), QStringLiteral("2"));
