@@ -14,6 +14,19 @@ QString Relative(const QString& path) {
     return path.startsWith(root) ? path.mid(root.size()) : path;
 }
 
+testing::AssertionResult ShowsPicture(const ui::PictureBox& box, const QString& relative) {
+    ui::Surface picture;
+    if (!picture.Load(modMain::DataFile(relative)))
+        return testing::AssertionFailure() << "cannot read " << relative.toStdString();
+    if (box.size() != QSize(picture.Width(), picture.Height()))
+        return testing::AssertionFailure() << "a box of " << box.width() << " x " << box.height();
+    for (int y = 0; y < picture.Height(); ++y)
+        for (int x = 0; x < picture.Width(); ++x)
+            if (picture.Point(x, y) != ui::kWhite && box.Point(x, y) != picture.Point(x, y))
+                return testing::AssertionFailure() << "another pixel at " << x << ", " << y;
+    return testing::AssertionSuccess();
+}
+
 void GameTest::SetUp() {
     ui::SetClock(&clock);
     grumbo::WireScreens();
@@ -24,6 +37,8 @@ void GameTest::SetUp() {
     modMain::ResetProgramValues();
     modMain::ApplySettings(modMain::SetupDefaults());
     grumbo::ScriptRnd(nullptr, 0);
+    characters = QStringList{QStringLiteral("Classic Grumbo"), QStringLiteral("Rapper Grumbo"),
+                             QStringLiteral("Robo Grumbo"), QStringLiteral("Suit Grumbo")};
 }
 
 void GameTest::TearDown() {
@@ -44,10 +59,9 @@ frmGrumbo& GameTest::StartMatch(int players, std::uint64_t seed) {
     using namespace modMain;
     intGameType = static_cast<grumbo::Integer>(players / 2);
     intPlayers = static_cast<grumbo::Integer>(players);
-    const char* characters[4] = {"Classic Grumbo", "Rapper Grumbo", "Robo Grumbo", "Suit Grumbo"};
     for (int i = 0; i < 4; ++i) {
         strPlayerName[i] = QStringLiteral("Player %1").arg(i + 1);
-        strCharacter[i] = QString::fromLatin1(characters[i]);
+        strCharacter[i] = characters.value(i);
     }
     grumbo::PinSeed(seed);
     frmGrumbo& f = frmGrumbo::Instance();

@@ -31,6 +31,10 @@ public:
 // The file name after the data folder ("sounds/throw.wav") of a recorded path.
 QString Relative(const QString& path);
 
+// The box has the size of the picture file `relative` of the data folder and shows its every pixel
+// but the see-through white ones.
+testing::AssertionResult ShowsPicture(const ui::PictureBox& box, const QString& relative);
+
 class GameTest : public ::testing::Test {
 protected:
     void SetUp() override;
@@ -42,6 +46,8 @@ protected:
     // Leaves the match as the game-over screen does, without ending the program.
     void LeaveMatch();
 
+    // The characters of players 1 to 4 in the next StartMatch.
+    QStringList characters;
     ui::VirtualClock clock;
     RecordingEffects effects;
     RecordingMusic music;

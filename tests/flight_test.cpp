@@ -1,8 +1,11 @@
 // Aiming, flight, magnetic pull, collision checks and the timer calibration, driven through the
 // real match screen offscreen on the virtual clock.
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QFrame>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 #include "TestSupport.h"
@@ -70,6 +73,13 @@ protected:
                        ticks * 40 + 500);
     }
 
+    // What the screen shows in `r` of the match window once pending repaints are done.
+    static QImage OnScreen(frmGrumbo& f, const QRect& r) {
+        QCoreApplication::processEvents();
+        QWidget* w = f.window();
+        return w->screen()->grabWindow(w->winId(), r.x(), r.y(), r.width(), r.height()).toImage();
+    }
+
     int Left(frmGrumbo& f) { return f.imgProjectile->Left(); }
     int Top(frmGrumbo& f) { return f.imgProjectile->Top(); }
 };
@@ -86,6 +96,20 @@ TEST_F(Flight, KeysAndPastedTextDecideWhetherThrowIsEnabled) {
     EXPECT_TRUE(f.cmdThrow->isEnabled());
     QTest::keyClick(f.txtVel, Qt::Key_Backspace);
     EXPECT_EQ(f.txtVel->text(), QStringLiteral("12")) << "Backspace passes the filter";
+
+    // Only the ten ASCII digits: a space, an Arabic-Indic three, and characters whose codes lie
+    // at U+8000 and above (a full-width one, CJK, a character outside the basic plane) are all
+    // swallowed by both boxes.
+    const QString typed[] = {QStringLiteral("1"),          QStringLiteral(" "),
+                             QStringLiteral("\u0663"),     QStringLiteral("\u8000"),
+                             QStringLiteral("\uFF11"),     QStringLiteral("\u8A9E"),
+                             QStringLiteral("\U0001F600"), QStringLiteral("2")};
+    for (QLineEdit* box : {f.txtAngle, f.txtVel}) {
+        box->clear();
+        for (const QString& t : typed)
+            QTest::sendKeyEvent(QTest::Click, box, Qt::Key_unknown, t, Qt::NoModifier);
+        EXPECT_EQ(box->text(), QStringLiteral("12"));
+    }
 
     f.txtAngle->clear();
     EXPECT_FALSE(f.cmdThrow->isEnabled()) << "emptying one box";
@@ -122,6 +146,12 @@ TEST_F(Flight, ThrowMirrorsRightSideAnglesAndPlaysTheCharactersSound) {
         f.blnWarHit = f.blnNukedPlayer = true;
         Throw(f, c.typed, "50", 300, 300);
         EXPECT_EQ(f.intAngle, c.angle) << "player " << c.player << " typed " << c.typed;
+        // The left side throws in pose 1, the right side in pose 2.
+        const QString pose =
+            QStringLiteral("characters/%1%2.bmp").arg(c.character).arg(c.player + 1);
+        if (QFileInfo::exists(DataFile(pose))) {
+            EXPECT_TRUE(ShowsPicture(*f.Player[c.player], pose));
+        }
         EXPECT_EQ(Relative(effects.played.last()), QString::fromLatin1(c.sound)) << c.character;
         EXPECT_FALSE(f.cmdThrow->isEnabled() || f.txtAngle->isEnabled() || f.txtVel->isEnabled());
         EXPECT_FALSE(dblMagX != 0 || f.blnWarHit || f.blnNukedPlayer);
@@ -164,6 +194,64 @@ TEST_F(Flight, ClosedFormPositionsWithAndWithoutWind) {
     Throw(f, "45", "50", 100, 300);
     RunTicks(f, 10);
     EXPECT_EQ(Left(f), 135 - 5);
+}
+
+TEST_F(Flight, ProjectileSpinsShowsTheSceneThroughItsWhiteAndPassesBehindCharacters) {
+    frmGrumbo& f = StartMatch(2);
+    clock.Advance(2000);  // the turn marker has gone
+    Throw(f, "60", "55", f.intHandX, f.intHandY);
+    // Each tick turns the banana a quarter turn clockwise: the next frame of the kind.
+    const auto frameShown = [&] {
+        for (int k = 0; k < 4; ++k)
+            if (f.imgProjectile->surface().image() == f.Projectile[k].image()) return k;
+        return -1;
+    };
+    std::vector<int> shown;
+    for (int tick = 1; tick <= 5; ++tick) {
+        RunTicks(f, tick);
+        shown.push_back(frameShown());
+    }
+    for (std::size_t n = 1; n < shown.size(); ++n) EXPECT_EQ(shown[n], (shown[0] + int(n)) % 4);
+
+    // Frozen in mid-air, every frame of every kind is put over the sky and over the city: where
+    // the frame is white, the screen shows the scene behind it.
+    f.tmrMain.SetEnabled(false);
+    f.tmrCollision.SetEnabled(false);
+    const std::array<ui::Surface, 4>* kinds[] = {&f.Projectile, &f.nuke, &f.war, &f.mag};
+    const QPoint sky(300, 20), city(303, 440);
+    ASSERT_NE(f.picBld->Point(city.x(), city.y()), f.picBg->Point(city.x(), city.y()));
+    for (int kind = 0; kind < 4; ++kind)
+        for (int frame = 0; frame < 4; ++frame)
+            for (const QPoint& at : {sky, city}) {
+                SCOPED_TRACE(testing::Message() << "kind " << kind << " frame " << frame << " at "
+                                                << at.x() << ", " << at.y());
+                const ui::Surface& picture = (*kinds[kind])[frame];
+                f.imgProjectile->ShowFrame(picture);
+                f.imgProjectile->Move(at.x(), at.y());
+                const QImage screen = OnScreen(f, QRect(at, f.imgProjectile->size()));
+                int white = 0;
+                for (int y = 0; y < picture.Height(); ++y)
+                    for (int x = 0; x < picture.Width(); ++x) {
+                        const std::int32_t own = picture.Point(x, y);
+                        white += own == ui::kWhite;
+                        const std::int32_t behind = f.picBld->Point(at.x() + x, at.y() + y);
+                        ASSERT_EQ(ui::FromQRgb(screen.pixel(x, y)),
+                                  own == ui::kWhite ? behind : own)
+                            << x << ", " << y;
+                    }
+                EXPECT_GT(white, 20);
+            }
+
+    // Over a character the projectile is hidden behind him.
+    const ui::PictureBox& p = *f.Player[0];
+    const QPoint body(p.Left() + p.Width() / 2 - 5, p.Top() + p.Height() / 2 - 5);
+    f.imgProjectile->ShowFrame(f.Projectile[0]);
+    f.imgProjectile->Move(body.x(), body.y());
+    const QImage screen = OnScreen(f, QRect(body, QSize(10, 10)));
+    for (int y = 0; y < 10; ++y)
+        for (int x = 0; x < 10; ++x)
+            ASSERT_EQ(ui::FromQRgb(screen.pixel(x, y)),
+                      p.Point(body.x() - p.Left() + x, body.y() - p.Top() + y));
 }
 
 TEST_F(Flight, LeavingTheFieldCountsOneMissAtTheEdges) {
@@ -273,6 +361,21 @@ TEST_F(Magnet, LiftAndResetOfOpposingPull) {
     EXPECT_DOUBLE_EQ(dblMagY, 0.2);
 }
 
+TEST_F(Magnet, OnlyTheFirstCharacterInRangePulls) {
+    frmGrumbo& f = Field();
+    // The projectile (380, 270) lies in player 2's left-side zone and in player 3's right-side
+    // zone at once; player 2 comes first.
+    f.Player[1]->SetTop(field::kOutOfPlay);
+    f.Player[3]->Move(370 - f.Player[3]->Width(), 300);
+    dblMagX = 0;
+    PullAt(f, 380, 270);
+    EXPECT_DOUBLE_EQ(dblMagX, 0.7);
+    f.Player[2]->SetTop(field::kOutOfPlay);
+    dblMagX = 0;
+    PullAt(f, 380, 270);
+    EXPECT_DOUBLE_EQ(dblMagX, -0.7) << "player 3 alone pulls the other way";
+}
+
 TEST_F(Magnet, PullBendsTheFlightOfTheMagneticKindOnly) {
     frmGrumbo& f = Field();
     for (int kind : {0, 3}) {
@@ -370,13 +473,30 @@ TEST_F(Collision, CharacterHitsByPixel) {
     CheckAt(f, 500 + solid.x() - 1, field::kOutOfPlay + solid.y());
     EXPECT_TRUE(f.tmrMain.Enabled()) << "neither the thrower nor a parked character";
 
-    // Standing in front of the building: the character is hit and the check stops there, so the
-    // building behind him is not reported as well.
+    // In front of the building his see-through pixels show the building, which is no sky: he is
+    // hit, and the check stops there, so the building behind him is not reported as well.
     Stand(f, 0, 100, 100);
     Stand(f, 1, 320, 250);
-    CheckAt(f, 320 + solid.x() - 1, 250 + solid.y());
+    CheckAt(f, 320 + clear.x() - 1, 250 + clear.y());
     EXPECT_FALSE(f.tmrMain.Enabled());
     EXPECT_EQ(f.intMisses[0], 0);
+}
+
+TEST_F(Collision, WarProjectileScoresLowContactsAndMissesOnceWhenItLeaves) {
+    frmGrumbo& f = Field();
+    Reopen(f);
+    f.Player[1]->Move(600, field::kOutOfPlay);  // far from the building; a parked centre counts
+    f.intProjectileKind = 2;
+    Throw(f, "90", "0", 100, 100);  // it falls, over sky, after its contacts below
+    CheckAt(f, 320, 449);
+    EXPECT_EQ(f.lngPoints[0], 0) << "a contact with its top edge above 450 scores nothing";
+    CheckAt(f, 340, 450);
+    const int D = grumbo::CInt(600 + f.Player[1]->Width() / 2.0) - 345;
+    EXPECT_EQ(f.lngPoints[0], static_cast<long>(grumbo::Int(1000.0 / D * 100)));
+    EXPECT_TRUE(f.tmrMain.Enabled());
+    RunTicks(f, 1000);
+    EXPECT_FALSE(f.tmrMain.Enabled());
+    EXPECT_EQ(f.intMisses[0], 1) << "one miss, for leaving the field";
 }
 
 // ---- Calibration ---------------------------------------------------------------------------

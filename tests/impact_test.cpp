@@ -103,14 +103,38 @@ TEST_F(Impact, CratersAreSkyAndWarTunnelsSkipTheRedRing) {
     EXPECT_EQ(f.picBld->Point(x + 11, y), before.Point(x + 11, y));
     EXPECT_TRUE(Played().contains(QStringLiteral("sounds/bc.wav")));
 
+    // Two war hits 6 pixels apart in untouched city: overlapping holes, at once, without red.
+    const int wx = 400, wy = field::kGroundLine - 30;
     f.intProjectileKind = 2;
-    ShotAt(f, x + 6, y + 12);
     const std::int32_t t1 = clock.TickCount();
-    f.HitBuilding();
+    for (int dx : {0, 6}) {
+        ShotAt(f, wx + dx, wy);
+        f.HitBuilding();
+    }
     EXPECT_EQ(clock.TickCount(), t1);
     EXPECT_TRUE(f.blnWarHit);
-    EXPECT_TRUE(IsSky(f, x + 6, y + 19));
+    for (int dy = -12; dy <= 12; ++dy)
+        for (int dx = -12; dx <= 18; ++dx) {
+            const bool inHole = dx * dx + dy * dy <= 49 || (dx - 6) * (dx - 6) + dy * dy <= 49;
+            if (inHole) {
+                ASSERT_TRUE(IsSky(f, wx + dx, wy + dy)) << dx << "," << dy;
+            }
+            ASSERT_NE(f.picBld->Point(wx + dx, wy + dy), ui::RGB(130, 20, 20));
+        }
     EXPECT_EQ(f.intMisses[0], 0);
+}
+
+TEST_F(Impact, ExplosionDrawsARingPerPixelOfHalfItsHeight) {
+    frmGrumbo& f = Start(2);
+    // 20 rings on a 40 pixel high picture, and on a 41 pixel one too (20 <= 20.5 < 21).
+    for (int height : {40, 41}) {
+        ui::PictureBox box(f.picBld, QStringLiteral("Player"), 100, 100, 60, height);
+        f.Explode(box);
+        EXPECT_EQ(box.Top(), field::kOutOfPlay);
+        EXPECT_EQ(box.Point(30 - 20, 20), ui::RGB(134, 20, 2)) << height;
+        EXPECT_EQ(box.Point(30 - 21, 20), ui::kWhite) << height;
+        EXPECT_EQ(box.Point(30, 20), ui::RGB(125, 20, 2));
+    }
 }
 
 TEST_F(Impact, TurnsAlternateAndPassOverFraggedCharacters) {
@@ -170,11 +194,27 @@ TEST_F(Impact, WindGustsRedrawTheWindAfterEveryThrow) {
     frmGrumbo& f = Start(2);
     blnWindGusts = true;
     intWindExtremity = 35;
+    dblWind = 0.30;  // an arrow from x 10 to 74 before the throw
+    intWindMode = 1;
+    f.DrawWind();
+    dblGust = 4.2;
+    f.intFlightTime = 7;
     Script({0.4, 0.9});
     f.Afterthrow();
+    EXPECT_EQ(dblGust, 0) << "the next flight starts without drift";
+    EXPECT_EQ(f.intFlightTime, 0);
     EXPECT_DOUBLE_EQ(dblWind, 0.15);
     EXPECT_EQ(intWindMode, 2);
     EXPECT_EQ(f.lblWind->text(), QStringLiteral("15 pps"));
+    const ui::PictureBox& box = *f.picArrow;
+    EXPECT_EQ(box.Point(10, 6), f.picBg->Point(box.Left() + 10, box.Top() + 6))
+        << "the old arrow is gone";
+    // At extremity 35 every gust lies between 0.01 and 0.36.
+    for (const auto& [draw, wind] : {std::pair{0.0, 0.01}, {0.99999, 0.36}}) {
+        Script({draw, 0.5});
+        f.Afterthrow();
+        EXPECT_DOUBLE_EQ(dblWind, wind);
+    }
 
     intWindExtremity = 0;  // gusts blow even in a match set to no wind
     Script({0.7, 0.1});
@@ -213,22 +253,30 @@ TEST_F(Impact, HitScoresTheSideAndANewCityKeepsScoresAndTurn) {
     EXPECT_TRUE(messages.isEmpty());
 }
 
-TEST_F(Impact, TeamRoundNeedsBothEnemiesFragged) {
+TEST_F(Impact, TeamRoundNeedsBothOfATeamFragged) {
     frmGrumbo& f = Start(4);
+    // Player 0 hits his team mate while both enemies stand: it costs him, and decides nothing.
     f.intMisses[0] = 2;
-    f.PlayerCollision(2);
-    EXPECT_EQ(f.strFragged, QStringLiteral("2"));
+    f.PlayerCollision(1);
+    EXPECT_EQ(f.intFrags[0], 1);
+    EXPECT_EQ(f.lngPoints[0], -5000);
+    EXPECT_EQ(f.lblPoint->text(), QStringLiteral("-5000"));
     EXPECT_EQ(f.lblLeft->text(), QStringLiteral("0"));
-    EXPECT_EQ(f.Player[2]->Top(), field::kOutOfPlay) << "no new city yet";
+    EXPECT_EQ(f.lblRight->text(), QStringLiteral("0"));
+    EXPECT_EQ(f.lblcRound->text(), QStringLiteral("1"));
+    EXPECT_EQ(f.strFragged, QStringLiteral("1"));
+    EXPECT_EQ(f.Player[1]->Top(), field::kOutOfPlay) << "no new city yet";
     EXPECT_EQ(f.intMissMark[0], 2);
-    EXPECT_EQ(f.intCurrentPlayer, 1) << "2 is gone, so 1 follows 0";
+    EXPECT_EQ(f.intCurrentPlayer, 2);
 
-    f.PlayerCollision(3);
-    EXPECT_EQ(f.lblLeft->text(), QStringLiteral("1"));
+    // Player 2 takes out the other one: the right team wins the round in a new city.
+    f.PlayerCollision(0);
+    EXPECT_EQ(f.lngPoints[2], 25000);
+    EXPECT_EQ(f.lblRight->text(), QStringLiteral("1"));
     EXPECT_EQ(f.lblcRound->text(), QStringLiteral("2"));
     EXPECT_TRUE(f.strFragged.isEmpty());
-    EXPECT_LE(f.Player[2]->Top(), field::kGroundLine);
-    EXPECT_EQ(f.intCurrentPlayer, 3);
+    EXPECT_LE(f.Player[1]->Top(), field::kGroundLine);
+    EXPECT_EQ(f.intCurrentPlayer, 1);
 }
 
 TEST_F(Impact, SpecialAwardChanceShrinksWithWastedThrows) {
@@ -257,31 +305,38 @@ TEST_F(Impact, SpecialAwardChanceShrinksWithWastedThrows) {
     }
 }
 
-TEST_F(Impact, NukeDissolvesTheBuildingAndFragsWhoStandsOnIt) {
+TEST_F(Impact, NukeDissolvesItsBuildingAndFragsWhoStandsOnIt) {
     frmGrumbo& f = Start(4);
-    // A scene of our own: one block from x = 300 to 359, roof at 300, sky on both sides.
+    // Blocks of our own on sky, one at each border and one in the middle (x 300 to 359, roof at
+    // 300); nobody stands on them at first.
     f.picBld->SetPicture(f.picBg->surface());
-    f.picBld->surface().FillRect(300, 300, 359, 465, ui::RGB(90, 90, 90));
-    for (ui::PictureBox* p : f.Player) p->SetLeft(20);
+    for (ui::PictureBox* p : f.Player) p->SetLeft(200);
     f.intProjectileKind = 1;
-    f.blnNukedPlayer = false;
-    f.VaporizeBuilding(330);
-    for (int y = 290; y <= 465; y += 5)
-        for (int x = 295; x <= 365; x += 5) ASSERT_TRUE(IsSky(f, x, y)) << x << "," << y;
+    const auto block = [&](int from, int to) {
+        f.picBld->surface().FillRect(from, 300, to, 465, ui::RGB(90, 90, 90));
+    };
+    for (const auto& [from, to, impact] :
+         {std::tuple{0, 40, 20}, {680, 721, 700}, {300, 359, 330}}) {
+        block(from, to);
+        f.VaporizeBuilding(static_cast<grumbo::Integer>(impact));
+        for (int y = 290; y <= 465; ++y)
+            for (int x = std::max(from - 5, 0); x <= std::min(to + 5, 721); ++x)
+                ASSERT_TRUE(IsSky(f, x, y)) << x << "," << y;
+    }
     EXPECT_FALSE(f.blnNukedPlayer);
     EXPECT_EQ(f.intFrags[0], 0);
     EXPECT_TRUE(Played().contains(QStringLiteral("sounds/vg.wav")));
 
     // Player 3 already fragged on the block: not hit again, and the throw counts as a miss.
-    f.picBld->surface().FillRect(300, 300, 359, 465, ui::RGB(90, 90, 90));
+    block(300, 359);
     f.Player[3]->Move(310, field::kOutOfPlay);
     f.blnNukedPlayer = true;
     f.VaporizeBuilding(330);
     EXPECT_FALSE(f.blnNukedPlayer);
     EXPECT_EQ(f.intFrags[0], 0);
 
-    // Player 2 standing on it: dissolved and fragged; a left edge on the first column is spared.
-    f.picBld->surface().FillRect(300, 300, 359, 465, ui::RGB(90, 90, 90));
+    // Player 2 standing on it is dissolved and fragged; a left edge on the first column is spared.
+    block(300, 359);
     f.Player[2]->Move(310, 300 - f.Player[2]->Height());
     f.Player[3]->Move(300, 300 - f.Player[3]->Height());
     f.VaporizeBuilding(330);
@@ -291,6 +346,21 @@ TEST_F(Impact, NukeDissolvesTheBuildingAndFragsWhoStandsOnIt) {
     EXPECT_EQ(f.Player[2]->Top(), field::kOutOfPlay);
     EXPECT_LE(f.Player[3]->Top(), field::kGroundLine);
     EXPECT_EQ(f.intMisses[0], 0);
+
+    // Both enemies on one block: each goes to the hit handling in turn, the one whose turn it
+    // then is scores, and the left team takes the round.
+    block(300, 359);
+    f.Player[2]->Move(310, 300 - f.Player[2]->Height());
+    f.Player[3]->Move(330, 300 - f.Player[3]->Height());
+    f.intCurrentPlayer = 0;
+    f.intProjectileKind = 1;
+    f.VaporizeBuilding(330);
+    EXPECT_EQ(f.intFrags[0], 2);
+    EXPECT_EQ(f.intFrags[1], 1) << "after the first frag the turn is player 1's";
+    EXPECT_EQ(f.lblLeft->text(), QStringLiteral("1"));
+    EXPECT_EQ(f.lblcRound->text(), QStringLiteral("2"));
+    EXPECT_TRUE(f.strFragged.isEmpty()) << "a new city";
+    for (ui::PictureBox* p : f.Player) EXPECT_LE(p->Top(), field::kGroundLine);
 }
 
 TEST_F(Impact, FinalBoardDarkensOddRowsAndListsEveryPlayer) {

@@ -17,7 +17,9 @@ constexpr int kAdjustDivisor = 30;
 constexpr double kVelocity = 31;
 constexpr double kHalfGravity = 4.9;
 constexpr int kStartTop = 115;
-// The test normally takes 30 ticks; a timer that stalls must not keep the match from starting.
+// The test normally takes 30 ticks and ends only when its projectile has crossed the area. A
+// timer that never gets to tick (a stalled or starved event loop) would keep the match from ever
+// starting, so after this long the calibration gives up and the flight timer keeps its interval.
 constexpr int kGiveUpMs = 10000;
 constexpr int kDesignedMatchInterval = 32;
 }  // namespace

@@ -87,8 +87,9 @@ void frmGrumbo::VaporizeBuilding(Integer intX) {
         if (Player[i]->Top() <= field::kGroundLine) {
             blnNukedPlayer = true;
             PlayerCollision(static_cast<Integer>(i));
-            // A decided round has already built a new city (or ended the match): the building is
-            // gone, and whoever now stands where it stood is on another roof.
+            // Once the hit has decided the round, a new city stands (or the match is over). The
+            // scan stops here on purpose: a character of the new city may now stand where the old
+            // building stood, and must not be vaporised by a building that is no longer there.
             if (blnRoundOver || strFragged.isEmpty()) return;
         } else {
             blnNukedPlayer = false;

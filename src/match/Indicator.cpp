@@ -9,7 +9,8 @@ void frmGrumbo::pIndication() {
     const ui::PictureBox& P = *Player[intCurrentPlayer];
     const QString path = DataFile(QStringLiteral("pIndication.bmp"));
     // Reloaded on every call so that its white pixels are white again for the blending.
-    if (!imgPind->LoadPicture(path)) imgPind->SetPicture(MissingPicture(path, 20, 24));
+    ui::PictureError why;
+    if (!imgPind->LoadPicture(path, &why)) imgPind->SetPicture(MissingPicture(path, why, 20, 24));
     const double centre = P.Left() + P.Width() / 2.0;
     imgPind->Move(grumbo::CInt(centre - imgPind->Width() / 2.0), P.Top() - 75);
     lblPind->move(grumbo::CInt(centre - lblPind->width() / 2.0), P.Top() - 95);

@@ -65,15 +65,32 @@ void frmGrumbo::CreateExtraPlayers() {
     }
 }
 
-ui::Surface frmGrumbo::MissingPicture(const QString& path, int width, int height) {
-    // A missing picture is reported once per file and run, then stood in for by a plain grey
-    // figure, so the match can still be played.
+namespace {
+// A character must fit a roof and the collision checks: a figure wider than a building or taller
+// than the sky above the city would turn every throw at or from him into a hit or a miss.
+constexpr int kMinCharacterWidth = 30, kMaxCharacterWidth = 80;
+constexpr int kMinCharacterHeight = 35, kMaxCharacterHeight = 150;
+
+bool CharacterSize(const ui::Surface& s) {
+    return s.Width() >= kMinCharacterWidth && s.Width() <= kMaxCharacterWidth &&
+           s.Height() >= kMinCharacterHeight && s.Height() <= kMaxCharacterHeight;
+}
+}  // namespace
+
+ui::Surface frmGrumbo::MissingPicture(const QString& path, const ui::PictureError& why, int width,
+                                      int height) {
+    // Each file is reported once per run; the plain grey figure keeps the match playable.
     static QSet<QString> reported;
     if (!reported.contains(path)) {
         reported.insert(path);
-        ui::MsgBox(QStringLiteral("Cannot read the picture \"%1\". The game is missing this file; "
-                                  "a plain figure stands in for it.")
-                       .arg(QFileInfo(path).absoluteFilePath()),
+        const QString file = QFileInfo(path).absoluteFilePath();
+        ui::MsgBox(why.missing
+                       ? QStringLiteral("The picture \"%1\" is missing. A plain figure stands in "
+                                        "for it.")
+                             .arg(file)
+                       : QStringLiteral("The picture \"%1\" cannot be read: %2. A plain figure "
+                                        "stands in for it.")
+                             .arg(file, why.reason),
                    QStringLiteral("Grumbo"));
     }
     ui::Surface s(width, height);
@@ -87,11 +104,26 @@ ui::Surface frmGrumbo::MissingPicture(const QString& path, int width, int height
 }
 
 bool frmGrumbo::LoadCharacterPicture(Integer player, const QString& suffix) {
-    ui::PictureBox* box = Player.at(player);
     const QString path = DataFile(QStringLiteral("characters/") + strCharacter[player] + suffix +
                                   QStringLiteral(".bmp"));
-    if (box->LoadPicture(path)) return true;
-    box->SetPicture(MissingPicture(path, 40, 60));
+    ui::Surface picture;
+    ui::PictureError why;
+    if (picture.Load(path, &why)) {
+        if (CharacterSize(picture)) {
+            Player.at(player)->SetPicture(picture);
+            return true;
+        }
+        why.reason = QStringLiteral(
+                         "a character is %1 to %2 pixels wide and %3 to %4 pixels high, "
+                         "and this picture is %5 x %6")
+                         .arg(kMinCharacterWidth)
+                         .arg(kMaxCharacterWidth)
+                         .arg(kMinCharacterHeight)
+                         .arg(kMaxCharacterHeight)
+                         .arg(picture.Width())
+                         .arg(picture.Height());
+    }
+    Player.at(player)->SetPicture(MissingPicture(path, why, 40, 60));
     return false;
 }
 

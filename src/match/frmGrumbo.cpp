@@ -114,6 +114,8 @@ void frmGrumbo::CreatePlayField(QWidget* window) {
 
     imgProjectile = new ui::PictureBox(picBld, QStringLiteral("imgProjectile"), 0, 0, 10, 10);
     imgProjectile->ShowFrame(Projectile[0]);
+    // The frames' white background must not cross the sky and the city as a white box.
+    imgProjectile->SetSeeThrough(true);
     imgProjectile->hide();
 
     lblPoint = ui::MakeLabel(picBld, 0, 0, 56, 18, QString(), Qt::AlignCenter);

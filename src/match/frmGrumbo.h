@@ -153,7 +153,10 @@ private:
     void CreateExtraPlayers();
     // A character box, parked out of play until a roof is found for it.
     ui::PictureBox* NewCharacterBox();
-    ui::Surface MissingPicture(const QString& path, int width, int height);
+    // Tells the players once per file and run why a picture cannot be used, and gives a plain
+    // figure of the given size to stand in for it.
+    ui::Surface MissingPicture(const QString& path, const ui::PictureError& why, int width,
+                               int height);
     void DrawSky();
     void BlendCharacters();
     void ResetWindBox();
@@ -164,7 +167,7 @@ private:
 
     // Window title of the turn: the current player's name and points.
     void ShowTurnTitle();
-    // Loads a character picture, or tells the players which file is missing.
+    // Loads a character picture, or tells the players which file cannot be used and why.
     bool LoadCharacterPicture(Integer player, const QString& suffix);
     // True when the current thrower stands on the right side of the city.
     bool ThrowerOnRight() const;

@@ -5,6 +5,19 @@
 
 namespace ui {
 
+namespace {
+// The part `r` of `image`, its pure white pixels made fully transparent.
+QImage WithoutWhite(const QImage& image, const QRect& r) {
+    QImage out = image.copy(r).convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < out.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(out.scanLine(y));
+        for (int x = 0; x < out.width(); ++x)
+            if (row[x] == qRgb(255, 255, 255)) row[x] = qRgba(0, 0, 0, 0);
+    }
+    return out;
+}
+}  // namespace
+
 PictureBox::PictureBox(QWidget* parent, QString name, int left, int top, int width, int height,
                        std::int32_t backColour)
     : QWidget(parent),
@@ -48,9 +61,9 @@ void PictureBox::Cls() {
     update();
 }
 
-bool PictureBox::LoadPicture(const QString& path) {
+bool PictureBox::LoadPicture(const QString& path, PictureError* error) {
     Surface loaded;
-    if (!loaded.Load(path)) return false;
+    if (!loaded.Load(path, error)) return false;
     SetPicture(loaded);
     return true;
 }
@@ -91,9 +104,21 @@ void PictureBox::Changed() {
         Qt::QueuedConnection);
 }
 
+void PictureBox::SetSeeThrough(bool on) {
+    seeThrough_ = on;
+    // Qt paints what lies behind a widget only when the widget does not claim to cover itself.
+    setAttribute(Qt::WA_OpaquePaintEvent, !on);
+    update();
+}
+
 void PictureBox::paintEvent(QPaintEvent* event) {
     QPainter p(this);
     const QRect r = event->rect();
+    if (seeThrough_) {
+        const QRect inside = r & surface_.image().rect();
+        p.drawImage(inside.topLeft(), WithoutWhite(surface_.image(), inside));
+        return;
+    }
     p.drawImage(r.topLeft(), surface_.image(), r);
     const QRect outside = r & QRect(surface_.Width(), 0, width(), height());
     if (!outside.isEmpty()) p.fillRect(outside, QColor::fromRgb(ToQRgb(back_)));

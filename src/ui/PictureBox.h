@@ -2,6 +2,10 @@
 // A picture surface on a screen: a widget that shows a Surface, keeps what is drawn on it, and
 // repaints only what changed. It has a persistent picture (a loaded bitmap or a copy of another
 // surface) that Cls restores, or its back colour when it has none.
+//
+// A see-through box leaves its pure white pixels unpainted, so that whatever lies behind it on the
+// screen shows there. Only the screen is spared: the surface keeps its white, and every pixel read
+// from it is the picture's own.
 #include <QWidget>
 
 #include "ui/Surface.h"
@@ -23,8 +27,9 @@ public:
     void Circle(int cx, int cy, int radius, std::int32_t colour, bool filled, std::int32_t fill);
     // Wipes the drawing: the persistent picture shows again, or the back colour without one.
     void Cls();
-    // Loads a bitmap as the persistent picture and takes its size; false when it cannot be read.
-    bool LoadPicture(const QString& path);
+    // Loads a bitmap as the persistent picture and takes its size; false, with `error` saying why
+    // when given, when it is missing or cannot be read.
+    bool LoadPicture(const QString& path, PictureError* error = nullptr);
     void SetPicture(const Surface& picture);
     void ClearPicture();
     // Shows `picture` as it is without making it persistent (animation frames).
@@ -42,6 +47,7 @@ public:
 
     // Tells the screen that the surface changed outside the calls above.
     void Changed();
+    void SetSeeThrough(bool on);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -54,6 +60,7 @@ private:
     Surface surface_;
     Surface picture_;
     bool repaintQueued_ = false;
+    bool seeThrough_ = false;
 };
 
 }  // namespace ui

@@ -13,10 +13,10 @@ Surface::Surface(int width, int height, std::int32_t fill)
 
 Surface::Surface(QImage image) : image_(image.convertToFormat(QImage::Format_RGB32)) {}
 
-bool Surface::Load(const QString& path) {
+bool Surface::Load(const QString& path, PictureError* error) {
     QImage img;
-    if (!img.load(path) || img.isNull()) return false;
-    image_ = img.convertToFormat(QImage::Format_RGB32);
+    if (!ReadBitmap(path, img, error)) return false;
+    image_ = img;
     dirty_ = image_.rect();
     return true;
 }

@@ -6,6 +6,8 @@
 #include <QString>
 #include <cstdint>
 
+#include "ui/Bitmap.h"
+
 namespace ui {
 
 constexpr std::int32_t RGB(int r, int g, int b) { return r + 256 * g + 65536 * b; }
@@ -48,8 +50,9 @@ public:
     // Bounding box of everything drawn since the last TakeDirty().
     QRect TakeDirty();
 
-    // Reads a bitmap file; false (and the surface unchanged) when it cannot be read.
-    bool Load(const QString& path);
+    // Reads a bitmap file whole; false, with the surface unchanged and `error` saying why when
+    // given, when it is missing or cannot be read.
+    bool Load(const QString& path, PictureError* error = nullptr);
 
 private:
     void HLine(int x1, int x2, int y, QRgb colour);

@@ -1,0 +1,87 @@
+// The real effect service, recorded through SDL's disk audio driver: what the players hear.
+#include <SDL_mixer.h>
+#include <gtest/gtest.h>
+
+#include <QDataStream>
+#include <QFile>
+#include <QTemporaryDir>
+#include <chrono>
+#include <condition_variable>
+#include <cstdlib>
+#include <mutex>
+
+#include "media/SdlAudio.h"
+
+namespace {
+
+std::mutex finishedLock;
+std::condition_variable finishedSignal;
+bool finished = false;
+
+// A WAV of `frames` stereo frames at the mixer's own rate and depth, every sample `level`, so
+// that the recording holds it unchanged.
+QByteArray SteadyWav(int frames, qint16 level) {
+    QByteArray b;
+    QDataStream out(&b, QIODevice::WriteOnly);
+    out.setByteOrder(QDataStream::LittleEndian);
+    const quint32 bytes = static_cast<quint32>(frames) * 4;
+    out.writeRawData("RIFF", 4);
+    out << 36 + bytes;
+    out.writeRawData("WAVEfmt ", 8);
+    out << quint32{16} << quint16{1} << quint16{2} << quint32{44100} << quint32{44100 * 4}
+        << quint16{4} << quint16{16};
+    out.writeRawData("data", 4);
+    out << bytes;
+    for (int i = 0; i < frames * 2; ++i) out << level;
+    return b;
+}
+
+}  // namespace
+
+TEST(SdlEffects, AnEffectPlaysOnceFromStartToEnd) {
+    QTemporaryDir dir;
+    const QString wav = dir.filePath(QStringLiteral("steady.wav"));
+    const QString recording = dir.filePath(QStringLiteral("recording.raw"));
+    {
+        QFile f(wav);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(SteadyWav(4410, 1000));
+    }
+    // The device is opened afresh on the recording driver, which writes a buffer a millisecond.
+    media::CloseSdlAudio();
+    setenv("SDL_AUDIODRIVER", "disk", 1);
+    setenv("SDL_DISKAUDIOFILE", QFile::encodeName(recording).constData(), 1);
+    setenv("SDL_DISKAUDIODELAY", "1", 1);
+    const bool open = media::OpenSdlAudio();
+    if (open) {
+        finished = false;
+        Mix_ChannelFinished([](int) {
+            std::lock_guard<std::mutex> hold(finishedLock);
+            finished = true;
+            finishedSignal.notify_all();
+        });
+        media::SdlEffects effects;
+        effects.Play(wav);
+        {
+            std::unique_lock<std::mutex> hold(finishedLock);
+            EXPECT_TRUE(
+                finishedSignal.wait_for(hold, std::chrono::seconds(20), [] { return finished; }));
+        }
+        Mix_ChannelFinished(nullptr);
+        effects.Stop();
+        media::CloseSdlAudio();  // the driver writes out the last buffer and closes the file
+    }
+    setenv("SDL_AUDIODRIVER", "dummy", 1);
+    unsetenv("SDL_DISKAUDIOFILE");
+    unsetenv("SDL_DISKAUDIODELAY");
+    ASSERT_TRUE(open) << "SDL's disk audio driver is not available";
+
+    QFile f(recording);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QByteArray data = f.readAll();
+    const auto* samples = reinterpret_cast<const qint16*>(data.constData());
+    int frames = 0;
+    for (qsizetype i = 0; i + 1 < data.size() / 2; i += 2)
+        frames += samples[i] == 1000 && samples[i + 1] == 1000;
+    EXPECT_EQ(frames, 4410) << "every frame of the effect, once";
+}

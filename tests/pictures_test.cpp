@@ -1,0 +1,275 @@
+// Pictures are read whole or refused with a reason, and a match started with a broken, missing or
+// wrongly sized character picture says which file cannot be used and plays on with a stand-in.
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <climits>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "MatchDriver.h"
+#include "TestSupport.h"
+#include "modmain/modMain.h"
+#include "ui/Bitmap.h"
+
+using namespace testing_support;
+
+namespace {
+
+// A Windows bitmap as the usual tools write it: a 40-byte info header, rows padded to four bytes,
+// bottom-up unless `topDown`; a picture of 8 bits or fewer gets a table of the colours it uses
+// and packs its pixels from the top bit of each byte down.
+QByteArray Bmp(int w, int h, const std::vector<QRgb>& px, int bits = 24, bool topDown = false) {
+    std::vector<QRgb> table;
+    if (bits <= 8)
+        for (QRgb c : px)
+            if (std::find(table.begin(), table.end(), c) == table.end()) table.push_back(c);
+    const int stride = (w * bits + 31) / 32 * 4;
+    const int offset = 54 + 4 * static_cast<int>(table.size());
+    QByteArray b("BM");
+    const auto put = [&](qint64 v, int n) {
+        for (int i = 0; i < n; ++i) b.append(static_cast<char>(v >> (8 * i)));
+    };
+    put(offset + stride * h, 4);
+    put(0, 4);
+    put(offset, 4);
+    for (qint64 v : {40, w, topDown ? -h : h}) put(v, 4);
+    put(1, 2);
+    put(bits, 2);
+    for (qint64 v : {0, stride * h, 2835, 2835, static_cast<int>(table.size()), 0}) put(v, 4);
+    for (QRgb c : table) put(c & 0xFFFFFF, 4);
+    for (int row = 0; row < h; ++row) {
+        const int y = topDown ? row : h - 1 - row;
+        const qsizetype start = b.size();
+        int packed = 0, filled = 0;
+        for (int x = 0; x < w; ++x) {
+            const QRgb c = px[static_cast<std::size_t>(y * w + x)];
+            if (bits > 8) {
+                put(c & 0xFFFFFF, bits / 8);
+                continue;
+            }
+            packed = packed << bits | int(std::find(table.begin(), table.end(), c) - table.begin());
+            if ((filled += bits) == 8) {
+                put(packed, 1);
+                packed = filled = 0;
+            }
+        }
+        if (filled) put(packed << (8 - filled), 1);
+        b.append(QByteArray(stride - (b.size() - start), '\0'));
+    }
+    return b;
+}
+
+// A dark figure on white, the way character pictures are drawn.
+QByteArray Figure(int w, int h) {
+    std::vector<QRgb> px(static_cast<std::size_t>(w * h), qRgb(255, 255, 255));
+    for (int y = h / 4; y < h; ++y)
+        for (int x = w / 4; x < w - w / 4; ++x)
+            px[static_cast<std::size_t>(y * w + x)] = qRgb(40, 60, 80);
+    return Bmp(w, h, px);
+}
+
+void Set(QByteArray& b, int at, qint64 value, int bytes = 4) {
+    for (int i = 0; i < bytes; ++i) b[at + i] = static_cast<char>(value >> (8 * i));
+}
+
+void Write(const QString& path, const QByteArray& bytes) {
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
+}
+
+}  // namespace
+
+TEST(Bitmap, ReadsEveryPixelAtEachDepthInEitherRowOrder) {
+    QTemporaryDir dir;
+    // Three pixels a row, so that rows need padding; two colours where one bit holds a pixel.
+    const QRgb red = qRgb(255, 0, 0), blue = qRgb(0, 0, 255);
+    const std::vector<QRgb> six{red,           qRgb(0, 255, 0),     blue,
+                                qRgb(1, 2, 3), qRgb(255, 255, 255), qRgb(200, 100, 50)};
+    const std::vector<QRgb> two{red, blue, blue, blue, red, blue};
+    for (int bits : {1, 4, 8, 24, 32})
+        for (bool topDown : {false, true}) {
+            SCOPED_TRACE(testing::Message() << bits << " bits, top-down " << topDown);
+            const std::vector<QRgb>& px = bits == 1 ? two : six;
+            const QString path = dir.filePath(QStringLiteral("p.bmp"));
+            Write(path, Bmp(3, 2, px, bits, topDown));
+            QImage img;
+            ASSERT_TRUE(ui::ReadBitmap(path, img));
+            ASSERT_EQ(img.size(), QSize(3, 2));
+            for (int y = 0; y < 2; ++y)
+                for (int x = 0; x < 3; ++x) EXPECT_EQ(img.pixel(x, y), px[std::size_t(y * 3 + x)]);
+        }
+    // The largest side the reader takes, and one pixel more.
+    const QString wide = dir.filePath(QStringLiteral("wide.bmp"));
+    Write(wide, Bmp(ui::kMaxPictureSide, 1, std::vector<QRgb>(ui::kMaxPictureSide, 0)));
+    QImage img;
+    EXPECT_TRUE(ui::ReadBitmap(wide, img));
+    Write(wide, Bmp(ui::kMaxPictureSide + 1, 1, std::vector<QRgb>(ui::kMaxPictureSide + 1, 0)));
+    EXPECT_FALSE(ui::ReadBitmap(wide, img));
+}
+
+TEST(Bitmap, RefusesWhatItCannotReadWholeAndSaysWhy) {
+    QTemporaryDir dir;
+    const QByteArray figure = Figure(44, 70);
+    const QByteArray indexed = Bmp(2, 1, {qRgb(0, 0, 0), qRgb(9, 9, 9)}, 8);
+    struct Case {
+        const char* what;
+        QByteArray base;
+        std::function<void(QByteArray&)> damage;
+        const char* reason;
+    } cases[] = {
+        {"cut in half", figure, [](QByteArray& b) { b.truncate(b.size() / 2); }, "cut short"},
+        {"last byte gone, no length in the header", figure,
+         [](QByteArray& b) {
+             Set(b, 2, 0);
+             b.chop(1);
+         },
+         "cut short"},
+        {"header claims more than there is", figure, [](QByteArray& b) { Set(b, 2, b.size() + 1); },
+         "cut short"},
+        {"44 x -100000", figure, [](QByteArray& b) { Set(b, 22, -100000); },
+         "size of 44 x -100000"},
+        {"no width", figure, [](QByteArray& b) { Set(b, 18, 0); }, "size of 0 x 70"},
+        {"negative width", figure, [](QByteArray& b) { Set(b, 18, -44); }, "size of -44 x 70"},
+        {"lowest height", figure, [](QByteArray& b) { Set(b, 22, INT32_MIN); },
+         "size of 44 x -2147483648"},
+        {"run-length coded", figure, [](QByteArray& b) { Set(b, 30, 1); }, "does not read"},
+        {"16 bits", figure, [](QByteArray& b) { Set(b, 28, 16, 2); }, "does not read"},
+        {"two planes", figure, [](QByteArray& b) { Set(b, 26, 2, 2); }, "does not read"},
+        {"old header", figure, [](QByteArray& b) { Set(b, 14, 12); }, "kind"},
+        {"pixels inside the header", figure, [](QByteArray& b) { Set(b, 10, 20); }, "overlaps"},
+        {"not a bitmap", QByteArray("GIF89a, as it happens"), [](QByteArray&) {},
+         "not a Windows bitmap"},
+        {"colour beyond the table", indexed, [](QByteArray& b) { b[62] = 2; }, "lacks"},
+        {"table larger than 256", indexed, [](QByteArray& b) { Set(b, 46, 257); }, "table"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        QByteArray bytes = c.base;
+        c.damage(bytes);
+        const QString path = dir.filePath(QStringLiteral("bad.bmp"));
+        Write(path, bytes);
+        QImage img(1, 1, QImage::Format_RGB32);
+        ui::PictureError why;
+        EXPECT_FALSE(ui::ReadBitmap(path, img, &why));
+        EXPECT_FALSE(why.missing);
+        EXPECT_TRUE(why.reason.contains(QLatin1String(c.reason))) << why.reason.toStdString();
+        EXPECT_EQ(img.size(), QSize(1, 1)) << "the image is left as it was";
+    }
+    ui::PictureError why;
+    QImage img;
+    EXPECT_FALSE(ui::ReadBitmap(dir.filePath(QStringLiteral("none.bmp")), img, &why));
+    EXPECT_TRUE(why.missing);
+}
+
+class BrokenPictures : public GameTest {
+protected:
+    // A data folder with the shipped characters and turn marker, and the character "Broken"
+    // whose throwing poses are Rapper Grumbo's and whose standing picture is `standing` (none
+    // when empty).
+    void UseDataFolder(const QByteArray& standing, const QByteArray& marker = {}) {
+        dir = std::make_unique<QTemporaryDir>();
+        const QString from = QStringLiteral(GRUMBO_DATA_DIR "/");
+        QDir(dir->path()).mkdir(QStringLiteral("characters"));
+        for (const char* suffix : {"", "1", "2"})
+            QFile::copy(from + QStringLiteral("characters/Classic Grumbo%1.bmp").arg(suffix),
+                        Path(QStringLiteral("characters/Classic Grumbo%1.bmp").arg(suffix)));
+        for (const char* suffix : {"1", "2"})
+            QFile::copy(from + QStringLiteral("characters/Rapper Grumbo%1.bmp").arg(suffix),
+                        Path(QStringLiteral("characters/Broken%1.bmp").arg(suffix)));
+        if (!standing.isEmpty()) Write(Path(QStringLiteral("characters/Broken.bmp")), standing);
+        if (marker.isEmpty())
+            QFile::copy(from + QStringLiteral("pIndication.bmp"), Path("pIndication.bmp"));
+        else Write(Path("pIndication.bmp"), marker);
+        modMain::SetAppPath(dir->path());
+        characters[1] = QStringLiteral("Broken");
+    }
+    QString Path(const QString& relative) const { return dir->filePath(relative); }
+
+    std::unique_ptr<QTemporaryDir> dir;
+};
+
+TEST_F(BrokenPictures, AreNamedOnceAndAStandInPlays) {
+    QByteArray truncated = Figure(44, 70);
+    truncated.truncate(truncated.size() / 2);
+    QByteArray upsideDownAndHuge = Figure(44, 70);
+    Set(upsideDownAndHuge, 22, -100000);
+    const struct Case {
+        const char* what;
+        QByteArray standing, marker;
+        const char* file;     // the file named, none when nothing is wrong
+        const char* message;  // what the message says of it
+        QSize box;            // the size the character then has
+    } cases[] = {
+        {"cut in half",
+         truncated,
+         {},
+         "characters/Broken.bmp",
+         "cannot be read: the file is cut",
+         {40, 60}},
+        {"44 x -100000",
+         upsideDownAndHuge,
+         {},
+         "characters/Broken.bmp",
+         "cannot be read: its header gives it a size of 44 x -100000 pixels",
+         {40, 60}},
+        {"3000 x 3000",
+         Figure(3000, 3000),
+         {},
+         "characters/Broken.bmp",
+         "cannot be read: a character is 30 to 80 pixels wide and 35 to 150 pixels high, and this "
+         "picture is 3000 x 3000",
+         {40, 60}},
+        {"81 x 70",
+         Figure(81, 70),
+         {},
+         "characters/Broken.bmp",
+         "this picture is 81 x 70",
+         {40, 60}},
+        {"29 x 70",
+         Figure(29, 70),
+         {},
+         "characters/Broken.bmp",
+         "this picture is 29 x 70",
+         {40, 60}},
+        {"44 x 151", Figure(44, 151), {}, "characters/Broken.bmp", "cannot be read", {40, 60}},
+        {"44 x 34", Figure(44, 34), {}, "characters/Broken.bmp", "cannot be read", {40, 60}},
+        {"80 x 150", Figure(80, 150), {}, nullptr, nullptr, {80, 150}},
+        {"30 x 35", Figure(30, 35), {}, nullptr, nullptr, {30, 35}},
+        {"missing", {}, {}, "characters/Broken.bmp", "is missing", {40, 60}},
+        {"marker cut short",
+         Figure(44, 70),
+         truncated,
+         "pIndication.bmp",
+         "cannot be read",
+         {44, 70}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        UseDataFolder(c.standing, c.marker);
+        messages.clear();
+        frmGrumbo& f = StartMatch(2);
+        if (c.file) {
+            ASSERT_EQ(messages.size(), 1);
+            const QString file = QFileInfo(Path(QLatin1String(c.file))).absoluteFilePath();
+            EXPECT_TRUE(messages[0].contains(QLatin1Char('"') + file + QLatin1Char('"')));
+            EXPECT_TRUE(messages[0].contains(QLatin1String(c.message)))
+                << messages[0].toStdString();
+        } else {
+            EXPECT_TRUE(messages.isEmpty()) << messages.join(QLatin1Char('\n')).toStdString();
+        }
+        EXPECT_EQ(f.Player[1]->size(), c.box);
+        EXPECT_LE(f.Player[1]->Top(), field::kGroundLine);
+        // Both throw and miss; the stand-in is loaded again without a second message.
+        for (int thrower : {0, 1}) {
+            ASSERT_EQ(f.intCurrentPlayer, thrower);
+            ASSERT_TRUE(PlayThrow(clock, f, 135, 999));
+            EXPECT_EQ(f.intMisses[thrower], 1);
+        }
+        EXPECT_EQ(f.Player[1]->size(), c.box);
+        EXPECT_EQ(messages.size(), c.file ? 1 : 0);
+        LeaveMatch();
+    }
+}
