@@ -60,7 +60,7 @@ QStringList ListBitmaps() {
 }
 
 // The pose files must follow the standing picture: base + "1.bmp" somewhere after it, and
-// base + "2.bmp" after that.
+// base + "2.bmp" after that. Pose files and lone pictures drop out here, before any loading.
 bool HasBothPoses(const QStringList& files, qsizetype at, const QString& base) {
     const qsizetype one = files.indexOf(base + QStringLiteral("1.bmp"), at + 1);
     return one >= 0 && files.indexOf(base + QStringLiteral("2.bmp"), one + 1) >= 0;

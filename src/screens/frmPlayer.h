@@ -43,9 +43,6 @@ public:
     void txtPname_KeyPress(ui::CharCode& KeyAscii);
     void FlatScroll_Change();
 
-    // The screen's background, which the preview's white takes.
-    std::int32_t BackColour() const { return background_; }
-
 protected:
     void CreateControls(QWidget* window) override;
     void Form_Load() override;
@@ -59,5 +56,6 @@ private:
     void Unlock(const QString& name);
     void NextPlayer(int player);
 
+    // The screen's flat colour, which the white of its pictures takes.
     std::int32_t background_ = 0;
 };

@@ -48,10 +48,7 @@ void frmSplash::CreateControls(QWidget* window) {
     for (int i = 0; i < 12; ++i) {
         const int left = kFirstLeft + kColumnStep * (i % 6);
         const int top = i < 6 ? 88 : 56;
-        // An empty box shows the screen's own colour, so a picture that cannot be read leaves
-        // nothing but its empty place.
-        imgSplash[i] =
-            new ui::PictureBox(window, QStringLiteral("imgSplash"), left, top, 31, 33, background_);
+        imgSplash[i] = new ui::PictureBox(window, QStringLiteral("imgSplash"), left, top, 31, 33);
     }
 
     cmdStart = new QPushButton(QStringLiteral("Start"), window);
@@ -70,6 +67,8 @@ void frmSplash::CreateControls(QWidget* window) {
 void frmSplash::Form_Load() { modMain::PlaySoundFile(modMain::DataFile("sounds/g2intro.wav")); }
 
 void frmSplash::Form_Activate() {
+    // A picture that cannot be read leaves its box cleared to white, which the screen's colour
+    // then takes like every other white: an empty place, and the others dance on.
     for (int i = 0; i < 12; ++i)
         if (!imgSplash[i]->LoadPicture(DancerFile(i))) imgSplash[i]->ClearPicture();
     for (int i = 0; i < 12; ++i) {

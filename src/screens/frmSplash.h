@@ -35,14 +35,12 @@ public:
     void cmdStart_Click();
     void cmdExit_Click();
 
-    // The screen's background, which the pictures' white takes.
-    std::int32_t BackColour() const { return background_; }
-
 protected:
     void CreateControls(QWidget* window) override;
     void Form_Load() override;
     void Form_Unload(bool& cancel) override;
 
 private:
+    // The screen's flat colour, which the white of its pictures takes.
     std::int32_t background_ = 0;
 };
