@@ -7,8 +7,9 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packages=(cmake ninja-build g++ pkg-config qt6-base-dev libsdl2-mixer-dev libsndfile1-dev
-          timgm6mb-soundfont fonts-wine libgtest-dev libgmock-dev libbenchmark-dev)
+packages=(cmake ninja-build g++ pkg-config python3 qt6-base-dev libsdl2-mixer-dev libsndfile1-dev
+          timgm6mb-soundfont fonts-wine libgtest-dev libgmock-dev libbenchmark-dev
+          desktop-file-utils appstream groff-base)
 
 install_missing() {
     local missing=()
@@ -41,10 +42,11 @@ case "${1:-run}" in
         build build -DCMAKE_BUILD_TYPE=RelWithDebInfo
         exec build/game/grumbo2 ;;
     test)
-        build build -DCMAKE_BUILD_TYPE=RelWithDebInfo
+        build build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
         run_tests build ;;
     sanitize)
-        build build-sanitize -DCMAKE_BUILD_TYPE=Debug -DGRUMBO_SANITIZE=ON
+        build build-sanitize -DCMAKE_BUILD_TYPE=Debug -DGRUMBO_SANITIZE=ON \
+            -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
         ASAN_OPTIONS=detect_leaks=1 LSAN_OPTIONS=suppressions=$PWD/tests/lsan.supp \
             UBSAN_OPTIONS=print_stacktrace=1 run_tests build-sanitize ;;
     bench)

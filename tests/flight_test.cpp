@@ -32,7 +32,7 @@ protected:
         dblGust = 0;
         intWindMode = 0;
         for (int i = 0; i < intPlayers; ++i)
-            if (i != f.intCurrentPlayer) f.Player[i]->SetTop(467);
+            if (i != f.intCurrentPlayer) f.Player[i]->SetTop(field::kOutOfPlay);
     }
 
     static void Type(QLineEdit* box, const QString& text) {
@@ -254,7 +254,7 @@ TEST_F(Magnet, ZonesAroundTheCharacter) {
         PullAt(f, c.left, c.top);
         EXPECT_DOUBLE_EQ(dblMagX, c.pull) << c.left << ", " << c.top;
     }
-    for (int i = 1; i < 4; ++i) f.Player[i]->SetTop(467);
+    for (int i = 1; i < 4; ++i) f.Player[i]->SetTop(field::kOutOfPlay);
     f.Player[0]->Move(400, 300);
     dblMagX = 0;
     PullAt(f, 380, 280);
@@ -312,9 +312,10 @@ protected:
         p.Cls();
         f.MakeTransparent(p, 0, 0, static_cast<float>(p.Width()), static_cast<float>(p.Height()));
     }
+    // One tick of the collision timer with the projectile at (left, top).
     static void CheckAt(frmGrumbo& f, int left, int top) {
         f.imgProjectile->Move(left, top);
-        f.tmrCollision_Timer();
+        f.tmrCollision.Fire();
     }
 };
 
@@ -343,22 +344,6 @@ TEST_F(Collision, BuildingsByKind) {
     EXPECT_EQ(f.intMisses[0], 2) << "a nuke on an empty building is one miss, counted once";
 }
 
-TEST_F(Collision, CharacterProbeRange) {
-    frmGrumbo& f = Field();
-    Stand(f, 1, 500, 300);
-    const int L = 500, W = f.Player[1]->Width();
-    // Outside these bounds the character is not even sampled.
-    const struct {
-        int left;
-        bool sampled;
-    } cases[] = {{L - 10, false}, {L - 9, true}, {L + W + 9, true}, {L + W + 10, false}};
-    for (const auto& c : cases) {
-        f.lngPlayerColor = 12345;
-        CheckAt(f, c.left, 300);
-        EXPECT_EQ(f.lngPlayerColor != 12345, c.sampled) << "left " << c.left;
-    }
-}
-
 TEST_F(Collision, CharacterHitsByPixel) {
     frmGrumbo& f = Field();
     Stand(f, 1, 500, 250);
@@ -380,9 +365,9 @@ TEST_F(Collision, CharacterHitsByPixel) {
     EXPECT_TRUE(f.tmrMain.Enabled()) << "see-through pixels in front of sky";
 
     Stand(f, 0, 500, 250);  // the thrower in the same place is never hit
-    Stand(f, 1, 500, 467);
+    Stand(f, 1, 500, field::kOutOfPlay);
     CheckAt(f, 500 + solid.x() - 1, 250 + solid.y());
-    CheckAt(f, 500 + solid.x() - 1, 467 + solid.y());
+    CheckAt(f, 500 + solid.x() - 1, field::kOutOfPlay + solid.y());
     EXPECT_TRUE(f.tmrMain.Enabled()) << "neither the thrower nor a parked character";
 
     // Standing in front of the building: the character is hit and the check stops there, so the

@@ -132,7 +132,7 @@ TEST_F(Impact, TurnsAlternateAndPassOverFraggedCharacters) {
     }
     EXPECT_EQ(order, (std::vector<int>{0, 2, 1, 3, 0}));
 
-    g.Player[2]->SetTop(467);
+    g.Player[2]->SetTop(field::kOutOfPlay);
     g.strFragged = QStringLiteral("2");
     g.Afterthrow();
     EXPECT_EQ(g.intCurrentPlayer, 1);
@@ -140,7 +140,7 @@ TEST_F(Impact, TurnsAlternateAndPassOverFraggedCharacters) {
     EXPECT_EQ(g.intCurrentPlayer, 3);
 
     // A wiped-out team ends the round: the order goes on without skipping.
-    g.Player[3]->SetTop(467);
+    g.Player[3]->SetTop(field::kOutOfPlay);
     g.strFragged = QStringLiteral("23");
     g.intCurrentPlayer = 0;
     g.Afterthrow();
@@ -198,7 +198,7 @@ TEST_F(Impact, HitScoresTheSideAndANewCityKeepsScoresAndTurn) {
     // The new round: everybody back on a roof, the scores kept, the turn with player 2.
     EXPECT_TRUE(f.strFragged.isEmpty());
     EXPECT_FALSE(f.blnRoundOver);
-    EXPECT_LE(f.Player[1]->Top(), 466);
+    EXPECT_LE(f.Player[1]->Top(), field::kGroundLine);
     EXPECT_EQ(f.intCurrentPlayer, 1);
     EXPECT_EQ(f.Caption(), QStringLiteral("Player 2 - 0 pts"));
     EXPECT_EQ(f.lblPlayerPoints[0]->text(), QStringLiteral("Player 1: 25000"));
@@ -219,7 +219,7 @@ TEST_F(Impact, TeamRoundNeedsBothEnemiesFragged) {
     f.PlayerCollision(2);
     EXPECT_EQ(f.strFragged, QStringLiteral("2"));
     EXPECT_EQ(f.lblLeft->text(), QStringLiteral("0"));
-    EXPECT_EQ(f.Player[2]->Top(), 467) << "no new city yet";
+    EXPECT_EQ(f.Player[2]->Top(), field::kOutOfPlay) << "no new city yet";
     EXPECT_EQ(f.intMissMark[0], 2);
     EXPECT_EQ(f.intCurrentPlayer, 1) << "2 is gone, so 1 follows 0";
 
@@ -227,7 +227,7 @@ TEST_F(Impact, TeamRoundNeedsBothEnemiesFragged) {
     EXPECT_EQ(f.lblLeft->text(), QStringLiteral("1"));
     EXPECT_EQ(f.lblcRound->text(), QStringLiteral("2"));
     EXPECT_TRUE(f.strFragged.isEmpty());
-    EXPECT_LE(f.Player[2]->Top(), 466);
+    EXPECT_LE(f.Player[2]->Top(), field::kGroundLine);
     EXPECT_EQ(f.intCurrentPlayer, 3);
 }
 
@@ -274,7 +274,7 @@ TEST_F(Impact, NukeDissolvesTheBuildingAndFragsWhoStandsOnIt) {
 
     // Player 3 already fragged on the block: not hit again, and the throw counts as a miss.
     f.picBld->surface().FillRect(300, 300, 359, 465, ui::RGB(90, 90, 90));
-    f.Player[3]->Move(310, 467);
+    f.Player[3]->Move(310, field::kOutOfPlay);
     f.blnNukedPlayer = true;
     f.VaporizeBuilding(330);
     EXPECT_FALSE(f.blnNukedPlayer);
@@ -288,8 +288,8 @@ TEST_F(Impact, NukeDissolvesTheBuildingAndFragsWhoStandsOnIt) {
     EXPECT_TRUE(f.blnNukedPlayer);
     EXPECT_EQ(f.intFrags[0], 1);
     EXPECT_EQ(f.strFragged, QStringLiteral("2"));
-    EXPECT_EQ(f.Player[2]->Top(), 467);
-    EXPECT_LE(f.Player[3]->Top(), 466);
+    EXPECT_EQ(f.Player[2]->Top(), field::kOutOfPlay);
+    EXPECT_LE(f.Player[3]->Top(), field::kGroundLine);
     EXPECT_EQ(f.intMisses[0], 0);
 }
 
@@ -315,7 +315,7 @@ TEST_F(Impact, FinalBoardDarkensOddRowsAndListsEveryPlayer) {
     EXPECT_FALSE(f.lbl8->isHidden() || f.lblName[1]->isHidden());
     EXPECT_TRUE(f.lblName[2]->isHidden());
     EXPECT_TRUE(f.picArrow->isHidden());
-    EXPECT_EQ(f.Player[0]->Top(), 467);
+    EXPECT_EQ(f.Player[0]->Top(), field::kOutOfPlay);
 
     // 60 % of each channel, rounded: 200 -> 120, 101 -> 60.6 -> 61, 3 -> 1.8 -> 2.
     EXPECT_EQ(f.picBld->Point(0, 1), ui::RGB(120, 61, 2));

@@ -61,7 +61,8 @@ TEST_F(Play, OneVersusOneToTheFragLimit) {
             EXPECT_EQ(f.Caption(), strPlayerName[f.intCurrentPlayer] + QStringLiteral(" - ") +
                                        QString::number(f.lngPoints[f.intCurrentPlayer]) +
                                        QStringLiteral(" pts"));
-            for (int i = 0; i < 2; ++i) EXPECT_LE(f.Player[i]->Top(), 466) << "both stand again";
+            for (int i = 0; i < 2; ++i)
+                EXPECT_LE(f.Player[i]->Top(), field::kGroundLine) << "both stand again";
         }
     }
     ASSERT_TRUE(MatchOver(f));
@@ -104,7 +105,7 @@ TEST_F(Play, TwoVersusTwoTakesTurnsByTeamAndSkipsTheFragged) {
     EXPECT_EQ(f.lblLeft->text(), QStringLiteral("1"));
     EXPECT_EQ(f.lblcRound->text(), QStringLiteral("2"));
     EXPECT_TRUE(f.strFragged.isEmpty()) << "a new city, everybody back";
-    for (int i = 0; i < 4; ++i) EXPECT_LE(f.Player[i]->Top(), 466);
+    for (int i = 0; i < 4; ++i) EXPECT_LE(f.Player[i]->Top(), field::kGroundLine);
     EXPECT_EQ(f.intCurrentPlayer, 3) << "the turn goes on from the deciding thrower";
 
     Take(f, Shot::Hit, 0);  // 3 frags 0

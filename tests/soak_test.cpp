@@ -18,7 +18,7 @@ constexpr int kMaxThrowsPerMatch = 3000;
 void ExpectOnRoofs(const frmGrumbo& f) {
     for (int i = 0; i < intPlayers; ++i) {
         const ui::PictureBox& p = *f.Player[i];
-        ASSERT_LE(p.Top(), 466) << "player " << i << " stands at the round's start";
+        ASSERT_LE(p.Top(), field::kGroundLine) << "player " << i << " stands at the round's start";
         const int cx = p.Left() + p.Width() / 2, bottom = p.Top() + p.Height();
         ASSERT_NE(f.picBld->Point(cx, bottom), f.picBg->Point(cx, bottom)) << "player " << i;
         ASSERT_EQ(f.picBld->Point(cx, bottom - 1), f.picBg->Point(cx, bottom - 1))

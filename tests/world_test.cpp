@@ -19,8 +19,8 @@ constexpr std::int32_t kDark = RGB(50, 50, 50);
 
 // Height of the city at column x: rows from the ground up to the first pixel that is not sky.
 int RoofHeight(const frmGrumbo& f, int x) {
-    for (int y = 0; y < 466; ++y)
-        if (f.picBld->Point(x, y) != f.picBg->Point(x, y)) return 466 - y;
+    for (int y = 0; y < field::kGroundLine; ++y)
+        if (f.picBld->Point(x, y) != f.picBg->Point(x, y)) return field::kGroundLine - y;
     return 0;
 }
 
@@ -43,7 +43,7 @@ void ExpectWellFormedCity(const frmGrumbo& f, int players) {
         if (x % 12 != 1) {
             ASSERT_EQ(h, RoofHeight(f, x - 1)) << "x " << x;
         }
-        const std::int32_t roof = f.picBld->Point(x, 466 - h);
+        const std::int32_t roof = f.picBld->Point(x, field::kGroundLine - h);
         const int grey = roof & 0xFF;
         ASSERT_EQ(roof, RGB(grey, grey, grey));
         ASSERT_TRUE((f.blnDay ? dayTops : nightTops).count(grey)) << "roof grey " << grey;
@@ -52,8 +52,8 @@ void ExpectWellFormedCity(const frmGrumbo& f, int players) {
     for (int i = 0; i < players; ++i) {
         const ui::PictureBox& p = *f.Player[i];
         const int c = CentreColumn(p);
-        ASSERT_LE(p.Top(), 466) << "player " << i << " is in play";
-        EXPECT_EQ(p.Top() + p.Height(), 466 - RoofHeight(f, c)) << "player " << i;
+        ASSERT_LE(p.Top(), field::kGroundLine) << "player " << i << " is in play";
+        EXPECT_EQ(p.Top() + p.Height(), field::kGroundLine - RoofHeight(f, c)) << "player " << i;
         EXPECT_GT(c, lastCentre) << "players stand left to right by index";
         lastCentre = c;
     }
@@ -112,11 +112,12 @@ TEST_F(World, ScriptedDrawsBuildTheCityTheyDescribe) {
     f.GameLoad();
     // Building 5 (x 241..288): shade 5 top grey 125, height (5 + 5) x 18 = 180, windows lit.
     EXPECT_EQ(RoofHeight(f, 241), 180);
-    EXPECT_EQ(f.picBld->Point(241, 466 - 180), RGB(125, 125, 125));
-    EXPECT_EQ(f.picBld->Point(240 + 4, 466 - 14), kDark);  // building 5 is odd: dark windows
-    EXPECT_EQ(f.picBld->Point(192 + 4, 466 - 14), kLit);   // building 4: lit
-    EXPECT_EQ(f.picBld->Point(192 + 7, 466 - 5), kLit);    // the window's far corner
-    EXPECT_NE(f.picBld->Point(192 + 8, 466 - 5), kLit);    // its end column is wall
+    EXPECT_EQ(f.picBld->Point(241, field::kGroundLine - 180), RGB(125, 125, 125));
+    EXPECT_EQ(f.picBld->Point(240 + 4, field::kGroundLine - 14),
+              kDark);  // building 5 is odd: dark windows
+    EXPECT_EQ(f.picBld->Point(192 + 4, field::kGroundLine - 14), kLit);  // building 4: lit
+    EXPECT_EQ(f.picBld->Point(192 + 7, field::kGroundLine - 5), kLit);   // the window's far corner
+    EXPECT_NE(f.picBld->Point(192 + 8, field::kGroundLine - 5), kLit);   // its end column is wall
     EXPECT_EQ(RoofHeight(f, 719), 90);
     EXPECT_EQ(RoofHeight(f, 720), 0);
     EXPECT_EQ(RoofHeight(f, 240), 0) << "a one-pixel gap between buildings 4 and 5";
@@ -125,7 +126,7 @@ TEST_F(World, ScriptedDrawsBuildTheCityTheyDescribe) {
     const ui::PictureBox& p0 = *f.Player[0];
     const ui::PictureBox& p1 = *f.Player[1];
     EXPECT_EQ(p0.Left(), static_cast<int>(grumbo::Int(48 + 24 - p0.Width() / 2.0)));
-    EXPECT_EQ(p0.Top() + p0.Height(), 466 - RoofHeight(f, 72));
+    EXPECT_EQ(p0.Top() + p0.Height(), field::kGroundLine - RoofHeight(f, 72));
     EXPECT_EQ(p1.Left(), static_cast<int>(grumbo::Int(432 + 24 - p1.Width() / 2.0)));
     // All scripted numbers were used, in order: the wind's draws come from the generator again.
     EXPECT_GE(dblWind, 0.01);
@@ -361,12 +362,15 @@ TEST_F(World, IndicatorCalledAgainWhileRunningMovesAndEndsSooner) {
 }
 
 TEST_F(World, EveryTuneChangesAtItsLength) {
+    // Seconds each tune plays before the next one starts.
+    const int seconds[22] = {233, 177, 297, 225, 371, 162, 270, 416, 112, 62, 272,
+                             211, 345, 179, 88,  193, 97,  50,  156, 44,  24, 126};
     frmGrumbo& f = StartMatch(2);
     for (int n = 1; n <= 22; ++n) {
         f.intTune = static_cast<grumbo::Integer>(n);
         f.intTuneSeconds = 0;
         music.commands.clear();
-        for (int s = 1; s < frmGrumbo::TuneSeconds(n); ++s) f.tmrMIDI_Timer();
+        for (int s = 1; s < seconds[n - 1]; ++s) f.tmrMIDI_Timer();
         EXPECT_TRUE(music.commands.isEmpty()) << "tune " << n;
         f.tmrMIDI_Timer();
         ASSERT_EQ(music.commands.size(), 2) << "tune " << n;
@@ -468,6 +472,6 @@ TEST_F(World, MissingCharacterPictureIsNamedAndTheMatchGoesOn) {
     frmGrumbo::Instance().Show();
     ASSERT_EQ(messages.size(), 1);
     EXPECT_TRUE(messages[0].contains(QStringLiteral("characters/Nobody Here.bmp")));
-    EXPECT_LE(f.Player[1]->Top(), 466);
+    EXPECT_LE(f.Player[1]->Top(), field::kGroundLine);
     EXPECT_GT(f.Player[1]->Width(), 0);
 }

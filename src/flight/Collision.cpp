@@ -11,26 +11,27 @@ namespace {
 // Buildings are only looked for from this top edge down; the sampled row lies 10 pixels lower.
 constexpr int kBuildingTop = 168;
 
-// True once a character hit has been reported.
-bool CheckCharacters(frmGrumbo& f) {
-    ui::PictureBox& projectile = *f.imgProjectile;
+}  // namespace
+
+bool frmGrumbo::CheckCharacters() {
+    ui::PictureBox& projectile = *imgProjectile;
     for (int i = 0; i < intPlayers; ++i) {
-        ui::PictureBox& c = *f.Player[i];
+        ui::PictureBox& c = *Player[i];
         const int L = c.Left(), T = c.Top(), W = c.Width();
         const int P = projectile.Left();
-        if (i == f.intCurrentPlayer || T >= frmGrumbo::kOutOfPlay || L - 10 >= P || L + W + 10 <= P)
+        if (i == intCurrentPlayer || T >= field::kOutOfPlay || L - 10 >= P || L + W + 10 <= P)
             continue;
 
         const int X = projectile.Left() + 1;
         const int height = projectile.Height();
         for (int dy = 0; dy <= height; dy += 10) {
             const int Y = projectile.Top() + dy;
-            f.lngPlayerColor = c.Point(X - L, Y - T);
-            if (f.lngPlayerColor == -1) continue;
-            f.lngBgColor = f.picBg->Point(X, Y);
-            if (f.lngPlayerColor != f.lngBgColor) {
-                f.tmrMain.SetEnabled(false);
-                f.PlayerCollision(static_cast<grumbo::Integer>(i));
+            lngPlayerColor = c.Point(X - L, Y - T);
+            if (lngPlayerColor == -1) continue;
+            lngBgColor = picBg->Point(X, Y);
+            if (lngPlayerColor != lngBgColor) {
+                tmrMain.SetEnabled(false);
+                PlayerCollision(static_cast<Integer>(i));
                 return true;
             }
         }
@@ -38,17 +39,17 @@ bool CheckCharacters(frmGrumbo& f) {
     return false;
 }
 
-void CheckBuildings(frmGrumbo& f) {
-    ui::PictureBox& projectile = *f.imgProjectile;
+void frmGrumbo::CheckBuildings() {
+    ui::PictureBox& projectile = *imgProjectile;
     if (projectile.Top() < kBuildingTop) return;
     const int width = projectile.Width();
     for (int dx = 0; dx <= width; dx += 10) {
         const int X = projectile.Left() + dx;
         const int Y = projectile.Top() + 10;
-        f.lngBgColor = f.picBg->Point(X, Y);
-        f.lngColor = f.picBld->Point(X, Y);
-        if (f.lngBgColor != f.lngColor) {
-            f.BuildingCollision(grumbo::CInt(X));
+        lngBgColor = picBg->Point(X, Y);
+        lngColor = picBld->Point(X, Y);
+        if (lngBgColor != lngColor) {
+            BuildingCollision(grumbo::CInt(X));
             return;
         }
     }
@@ -56,22 +57,16 @@ void CheckBuildings(frmGrumbo& f) {
 
 // The war projectile flies on while its crater is cut, and may leave the field meanwhile, which
 // ends the throw and hands the turn on; its proximity points then belong to no one.
-bool SameFlight(frmGrumbo& f, grumbo::Integer thrower) {
-    return f.tmrCollision.Enabled() && f.intCurrentPlayer == thrower;
+bool frmGrumbo::SameFlight(Integer thrower) const {
+    return tmrCollision.Enabled() && intCurrentPlayer == thrower;
 }
 
-}  // namespace
-
 void frmGrumbo::tmrCollision_Timer() {
-    // The hit handlers yield to window events while the projectile still stands where it hit; a
-    // check started meanwhile would report the same hit again, so checks never nest.
-    static bool checking = false;
-    if (checking) return;
-    checking = true;
-    // A check stops at the first hit it reports: after a character hit the projectile may already
-    // be hidden or parked at the next thrower's hand, and must not be reported again.
-    if (!CheckCharacters(*this)) CheckBuildings(*this);
-    checking = false;
+    // The hit handlers yield to window events while the projectile still stands where it hit; the
+    // collision timer does not tick into its own running handler, so the same hit is never
+    // reported twice by nested checks. A check also stops at the first hit it reports: after a
+    // character hit the projectile may already be hidden or parked at the next thrower's hand.
+    if (!CheckCharacters()) CheckBuildings();
 }
 
 void frmGrumbo::BuildingCollision(Integer intNuke) {
@@ -91,7 +86,7 @@ void frmGrumbo::BuildingCollision(Integer intNuke) {
             break;
         case 2:  // the war projectile bores on through the city; its craters count no miss
             HitBuilding();
-            if (SameFlight(*this, thrower) && imgProjectile->Top() >= 450) Points();
+            if (SameFlight(thrower) && imgProjectile->Top() >= 450) Points();
             break;
         default:  // normal and magnetic projectiles stop in the crater
             intMisses[thrower] += 1;

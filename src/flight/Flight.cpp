@@ -12,10 +12,6 @@ namespace {
 
 constexpr double kPi = 3.14159265358979;
 
-// The projectile may go 40 pixels beyond either side, 20 below the ground line and far above
-// the top before it counts as gone.
-bool OffField(int left, int top) { return top > 486 || top < -1800 || left > 762 || left < -40; }
-
 const std::array<ui::Surface, 4>& FramesOf(frmGrumbo& f, grumbo::Integer kind) {
     switch (kind) {
         case 1: return f.nuke;
@@ -58,7 +54,7 @@ void frmGrumbo::tmrMain_Timer() {
     // The pull is applied even in the tick that ends the throw; the turn change resets the kind,
     // so it is taken before.
     const bool magnetic = intProjectileKind == 3;
-    if (OffField(imgProjectile->Left(), imgProjectile->Top())) {
+    if (field::OffField(imgProjectile->Left(), imgProjectile->Top())) {
         intMisses[intCurrentPlayer] += 1;
         Afterthrow();
     }

@@ -1,5 +1,6 @@
 #include "flight/frmSynchronization.h"
 
+#include "match/Field.h"
 #include "media/ProjectileFrames.h"
 #include "modmain/modMain.h"
 #include "ui/Clock.h"
@@ -43,10 +44,7 @@ void frmSynchronization::CreateControls(QWidget* window) {
     OnTimer(tmrCollision, [this] { tmrCollision_Timer(); });
 }
 
-void frmSynchronization::PaintTestArea() {
-    DrawGradient(*picArea, 3, 61, 155, 80, 167, 254, 0, static_cast<float>(picArea->Width()), 0,
-                 static_cast<float>(picArea->Height()));
-}
+void frmSynchronization::PaintTestArea() { field::PaintSky(*picArea, field::kDaySky); }
 
 void frmSynchronization::Form_Load() {
     PlaySoundFile(DataFile(QStringLiteral("sounds/gn.wav")));
@@ -111,8 +109,7 @@ void frmSynchronization::tmrMain_Timer() {
                           static_cast<int>(Int(kVelocity * tau - kHalfGravity * tau * tau)));
     imgProjectile->SetLeft(intHandX + static_cast<int>(Int(kVelocity * tau)));
     const int top = imgProjectile->Top(), left = imgProjectile->Left();
-    if (top > 486 || top < -1800 || left > 762 || left < -40)
-        loading_.SetStatus(QStringLiteral("Off edge???"));
+    if (field::OffField(left, top)) loading_.SetStatus(QStringLiteral("Off edge???"));
 }
 
 void frmSynchronization::tmrCollision_Timer() {
@@ -121,8 +118,7 @@ void frmSynchronization::tmrCollision_Timer() {
     const int Y = imgProjectile->Top() + 10;
     for (int dx = 0; dx <= imgProjectile->Width(); dx += 10) {
         const std::int32_t c = picArea->Point(imgProjectile->Left() + dx, Y);
-        const int red = c % 256, green = static_cast<int>(Int(c / 256.0)) % 256;
-        const int blue = static_cast<int>(Int(c / 65536.0));
-        if (c != -1 && !(blue > red + green)) loading_.SetStatus(QStringLiteral("Collision???"));
+        if (c != -1 && !(ui::Blue(c) > ui::Red(c) + ui::Green(c)))
+            loading_.SetStatus(QStringLiteral("Collision???"));
     }
 }

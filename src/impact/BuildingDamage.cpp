@@ -72,19 +72,19 @@ void frmGrumbo::VaporizeBuilding(Integer intX) {
     const int roof = RowAboveRoof(*this, b);
 
     // Crumbles from the ground up, then the rest of the building's columns turn to sky.
-    for (int y = frmGrumbo::kGroundLine; y >= roof; --y) {
+    for (int y = field::kGroundLine; y >= roof; --y) {
         const std::int32_t sky = picBg->Point(b.left, y);
         for (int i = 0; i < 22; ++i)
             picBld->PSet(static_cast<int>(Int(Rnd() * (b.right - b.left))) + b.left, y, sky);
         DoEvents();
     }
-    for (int y = roof; y <= frmGrumbo::kGroundLine; ++y)
+    for (int y = roof; y <= field::kGroundLine; ++y)
         picBld->Line(b.left, y, b.right, y, picBg->Point(b.left, y));
 
     for (int i = 0; i < intPlayers; ++i) {
         const int L = Player[i]->Left();
         if (L <= b.left || L >= b.right) continue;
-        if (Player[i]->Top() <= frmGrumbo::kGroundLine) {
+        if (Player[i]->Top() <= field::kGroundLine) {
             blnNukedPlayer = true;
             PlayerCollision(static_cast<Integer>(i));
             // A decided round has already built a new city (or ended the match): the building is
@@ -104,7 +104,7 @@ void frmGrumbo::Explode(ui::PictureBox& pic) {
         Delay(3);
         pic.Circle(cx, cy, r, kBlastOutline, true, kBlastFill);
     }
-    pic.SetTop(frmGrumbo::kOutOfPlay);
+    pic.SetTop(field::kOutOfPlay);
 }
 
 void frmGrumbo::Vaporize(ui::PictureBox& pic) {
@@ -116,5 +116,5 @@ void frmGrumbo::Vaporize(ui::PictureBox& pic) {
         if (pic.Point(x, y) != sky) pic.PSet(x, y, sky);
         DoEvents();
     }
-    pic.SetTop(frmGrumbo::kOutOfPlay);
+    pic.SetTop(field::kOutOfPlay);
 }

@@ -16,8 +16,8 @@ void DarkenInStripes(ui::PictureBox& scene) {
     for (int y = 1; y <= s.Height() - 1; y += 2) {
         const std::int32_t c = s.Point(0, y);
         const auto darker = [](int v) { return CInt(v - v * 0.4); };
-        const std::int32_t dark = ui::RGB(darker(c % 256), darker((c / 256) % 256),
-                                          darker(static_cast<int>(grumbo::Int(c / 65536.0))));
+        const std::int32_t dark =
+            ui::RGB(darker(ui::Red(c)), darker(ui::Green(c)), darker(ui::Blue(c)));
         s.Line(0, y, s.Width() - 1, y, dark);
     }
     scene.Changed();
@@ -33,7 +33,7 @@ void impact::FinishMatch(frmGrumbo& f) {
 }
 
 void frmGrumbo::EndGame() {
-    for (int i = 0; i < intPlayers; ++i) Player[i]->SetTop(frmGrumbo::kOutOfPlay);
+    for (int i = 0; i < intPlayers; ++i) Player[i]->SetTop(field::kOutOfPlay);
     picArrow->hide();
     picPlayerpoints->hide();
     DarkenInStripes(*picBld);

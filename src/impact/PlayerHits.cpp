@@ -13,9 +13,7 @@ constexpr grumbo::Long kEnemyBonus = 25000;
 constexpr grumbo::Long kFriendlyFire = -5000;
 
 bool LeftSide(int player) { return intGameType == 2 ? player <= 1 : player == 0; }
-bool Gone(const frmGrumbo& f, int player) {
-    return f.Player[player]->Top() > frmGrumbo::kGroundLine;
-}
+bool Gone(const frmGrumbo& f, int player) { return f.Player[player]->Top() > field::kGroundLine; }
 
 void AddOne(QLabel* label) {
     label->setText(QString::number(static_cast<long>(grumbo::Val(label->text())) + 1));
@@ -42,16 +40,6 @@ void ScoreRound(frmGrumbo& f, int hit) {
     f.blnRoundOver = true;
 }
 
-// Twelve frames alternating the two throwing poses.
-void Dance(frmGrumbo& f, grumbo::Integer thrower) {
-    for (int frame = 1; frame <= 12; ++frame) {
-        f.LoadCharacterPicture(thrower, frame % 2 == 1 ? QStringLiteral("1") : QStringLiteral("2"));
-        ui::PictureBox& p = *f.Player[thrower];
-        f.MakeTransparent(p);
-        Delay(40);
-    }
-}
-
 // The fewer throws wasted since the last mark, the better the chance; four or more get nothing.
 void MaybeAwardSpecial(frmGrumbo& f, grumbo::Integer thrower) {
     const int kind = static_cast<int>(Int(3 * Rnd())) + 1;
@@ -65,6 +53,14 @@ bool NeedsNewCity(const QString& fragged) {
     return intGameType != 2 || fragged.size() >= 3 || impact::TeamFragged(fragged);
 }
 }  // namespace
+
+void frmGrumbo::VictoryDance(Integer thrower) {
+    for (int frame = 1; frame <= 12; ++frame) {
+        LoadCharacterPicture(thrower, frame % 2 == 1 ? QStringLiteral("1") : QStringLiteral("2"));
+        MakeTransparent(*Player[thrower]);
+        Delay(40);
+    }
+}
 
 void frmGrumbo::PlayerCollision(Integer intPlayer) {
     const Integer thrower = intCurrentPlayer;
@@ -89,7 +85,7 @@ void frmGrumbo::PlayerCollision(Integer intPlayer) {
     const Long before = lngPoints[thrower];
     lngPoints[thrower] += LeftSide(thrower) == LeftSide(intPlayer) ? kFriendlyFire : kEnemyBonus;
     ShowPoints(static_cast<Integer>(lngPoints[thrower] > before ? kEnemyBonus : kFriendlyFire));
-    Dance(*this, thrower);
+    VictoryDance(thrower);
 
     Afterthrow();
     if (static_cast<int>(grumbo::Val(lblRight->text())) == intFragLimit ||

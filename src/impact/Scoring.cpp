@@ -65,9 +65,9 @@ void frmGrumbo::ShowPoints(Integer intPoints) {
 
     // Fades into whatever the scene shows at the popup's corner.
     lngColor = picBld->Point(lblPoint->x(), lblPoint->y());
-    const double stepR = (255.0 - lngColor % 256) / kFadeSteps;
-    const double stepG = (255.0 - (lngColor / 256) % 256) / kFadeSteps;
-    const double stepB = (255.0 - Int(lngColor / 65536.0)) / kFadeSteps;
+    const double stepR = (255.0 - ui::Red(lngColor)) / kFadeSteps;
+    const double stepG = (255.0 - ui::Green(lngColor)) / kFadeSteps;
+    const double stepB = (255.0 - ui::Blue(lngColor)) / kFadeSteps;
     double r = 255, g = 255, b = 255;
     for (int i = 0; i < kFadeSteps; ++i) {
         r -= stepR;

@@ -24,7 +24,7 @@ grumbo::Integer NextPlayer(const frmGrumbo& f, grumbo::Integer current) {
     // Four steps go all the way round; more could only repeat them.
     for (int step = 0; step < 4; ++step) {
         next = kAfter[next];
-        if (RoundDecided(f.strFragged) || f.Player[next]->Top() <= frmGrumbo::kGroundLine) break;
+        if (RoundDecided(f.strFragged) || f.Player[next]->Top() <= field::kGroundLine) break;
     }
     return next;
 }
@@ -80,7 +80,7 @@ void frmGrumbo::Afterthrow() {
     AlignBanana();
 
     if (blnWindGusts) {
-        dblWind = grumbo::Round(intWindExtremity * 0.01 * Rnd() + 0.01, 2);
+        DrawWindStrength();
         if (intWindMode != 0) intWindMode = static_cast<Integer>(Int(2 * Rnd()) + 1);
         ResetWindBox();
         DrawWind();

@@ -13,10 +13,7 @@ void frmGrumbo::DrawSky() {
     else if (intTimeOfDay == 3) day = false;
     else day = Int(Rnd() * 2) == 0;
     blnDay = day;
-    const float w = static_cast<float>(picBg->Width());
-    const float h = static_cast<float>(picBg->Height());
-    if (day) DrawGradient(*picBg, 3, 61, 155, 80, 167, 254, 0, w, 0, h);
-    else DrawGradient(*picBg, 46, 11, 71, 76, 7, 147, 0, w, 0, h);
+    field::PaintSky(*picBg, day ? field::kDaySky : field::kNightSky);
 }
 
 void frmGrumbo::BlendCharacters() {
@@ -59,7 +56,7 @@ void frmGrumbo::GameLoad() {
     loading.SetProgress(3);
     picBld->SetPicture(picBg->surface());
     loading.SetProgress(5);
-    for (int i = 0; i < n; ++i) Player[i]->SetTop(kOutOfPlay);
+    for (int i = 0; i < n; ++i) Player[i]->SetTop(field::kOutOfPlay);
     loading.SetProgress(7);
 
     loading.SetStatus(QStringLiteral("Rendering Buildings..."));

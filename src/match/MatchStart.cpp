@@ -59,8 +59,7 @@ void frmGrumbo::RunCalibration() {
 void frmGrumbo::CreateExtraPlayers() {
     const int n = std::clamp<int>(intPlayers, 1, 4);
     for (int i = 0; i < n; ++i) {
-        if (i > 0)
-            Player.push_back(new ui::PictureBox(picBld, QStringLiteral("Player"), 0, 467, 40, 60));
+        if (i > 0) Player.push_back(NewCharacterBox());
         LoadCharacterPicture(static_cast<Integer>(i), QString());
         lblPlayerPoints[i]->setVisible(true);
     }

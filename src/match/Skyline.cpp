@@ -9,7 +9,6 @@ using grumbo::Int;
 using grumbo::Rnd;
 
 namespace {
-constexpr int kSkylineEnd = 720;
 
 struct Shade {
     int top, bottom;
@@ -55,19 +54,19 @@ void DrawWindows(ui::Surface& scene, const Building& b) {
         DoEvents();
         for (int wx = 0; wx <= b.width - 12; wx += 12) {
             const std::int32_t c = Int(Rnd() * 2) == 0 ? kLit : kDark;
-            const float r = static_cast<float>(c & 0xFF), g = static_cast<float>((c >> 8) & 0xFF),
-                        bl = static_cast<float>(c >> 16);
+            const auto r = static_cast<float>(ui::Red(c)), g = static_cast<float>(ui::Green(c)),
+                       bl = static_cast<float>(ui::Blue(c));
             DrawGradient(scene, r, g, bl, r, g, bl, static_cast<float>(b.left + wx + 4),
                          static_cast<float>(b.left + wx + 8),
-                         static_cast<float>(frmGrumbo::kGroundLine - wy - 14),
-                         static_cast<float>(frmGrumbo::kGroundLine - wy - 5));
+                         static_cast<float>(field::kGroundLine - wy - 14),
+                         static_cast<float>(field::kGroundLine - wy - 5));
         }
     }
 }
 
 void StandOnRoof(ui::PictureBox& box, const Building& b) {
     box.Move(static_cast<int>(Int(b.left + b.width / 2.0 - box.Width() / 2.0)),
-             frmGrumbo::kGroundLine - b.height - box.Height());
+             field::kGroundLine - b.height - box.Height());
 }
 }  // namespace
 
@@ -87,8 +86,8 @@ void frmGrumbo::DrawBuildings() {
         x += w;
         DrawGradient(scene, s.top, s.top, s.top, s.bottom, s.bottom, s.bottom,
                      static_cast<float>(b.left + 1), static_cast<float>(x),
-                     static_cast<float>(frmGrumbo::kGroundLine - h),
-                     static_cast<float>(frmGrumbo::kGroundLine));
+                     static_cast<float>(field::kGroundLine - h),
+                     static_cast<float>(field::kGroundLine));
         DrawWindows(scene, b);
         if (j < n && roof[j] == k) {
             StandOnRoof(*Player[j], b);
@@ -97,8 +96,8 @@ void frmGrumbo::DrawBuildings() {
         }
         city.push_back(b);
         ++k;
-        Overlays().Loading().SetProgress(static_cast<double>(x) / kSkylineEnd * 60 + 7);
-    } while (x < kSkylineEnd);
+        Overlays().Loading().SetProgress(static_cast<double>(x) / field::kSkylineEnd * 60 + 7);
+    } while (x < field::kSkylineEnd);
     picBld->Changed();
 
     // A four-player city may end before the building the roof table chose for the last player.

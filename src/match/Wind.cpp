@@ -10,8 +10,12 @@ using grumbo::Rnd;
 void frmGrumbo::DrawRoundWind() {
     intWindMode = static_cast<Integer>(Int(Rnd() * 2) + 1);
     // A match set to no wind has none, whatever wind an earlier match of this run left behind.
-    if (intWindExtremity != 0) dblWind = grumbo::Round(intWindExtremity * 0.01 * Rnd() + 0.01, 2);
+    if (intWindExtremity != 0) DrawWindStrength();
     else dblWind = 0;
+}
+
+void frmGrumbo::DrawWindStrength() {
+    dblWind = grumbo::Round(intWindExtremity * 0.01 * Rnd() + 0.01, 2);
 }
 
 void frmGrumbo::DrawWind() {

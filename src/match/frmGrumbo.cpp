@@ -13,8 +13,6 @@
 using namespace modMain;
 
 namespace {
-constexpr int kFieldWidth = 722;
-constexpr int kFieldHeight = 466;
 
 QLabel* BoardLabel(QWidget* parent, int left, int top, int width, const QString& text,
                    const QColor& colour) {
@@ -27,7 +25,7 @@ QLabel* BoardLabel(QWidget* parent, int left, int top, int width, const QString&
 }  // namespace
 
 frmGrumbo::frmGrumbo()
-    : ui::Form(kFieldWidth, 510),
+    : ui::Form(field::kWidth, field::kHeight + field::kStripHeight),
       tmrMain(32),
       tmrCollision(60),
       tmrTrap(20),
@@ -90,10 +88,12 @@ void frmGrumbo::CreateControls(QWidget* window) {
 }
 
 void frmGrumbo::CreatePlayField(QWidget* window) {
-    picBg = new ui::PictureBox(window, QStringLiteral("picBg"), 0, 0, kFieldWidth, kFieldHeight);
-    picBld = new ui::PictureBox(window, QStringLiteral("picBld"), 0, 0, kFieldWidth, kFieldHeight);
+    picBg =
+        new ui::PictureBox(window, QStringLiteral("picBg"), 0, 0, field::kWidth, field::kHeight);
+    picBld =
+        new ui::PictureBox(window, QStringLiteral("picBld"), 0, 0, field::kWidth, field::kHeight);
 
-    Player.assign(1, new ui::PictureBox(picBld, QStringLiteral("Player"), 0, 467, 40, 60));
+    Player.assign(1, NewCharacterBox());
 
     picPlayerpoints = new ui::PictureBox(picBld, QStringLiteral("picPlayerpoints"), 6, 3, 181, 73);
     for (int i = 0; i < 4; ++i) {
@@ -120,9 +120,13 @@ void frmGrumbo::CreatePlayField(QWidget* window) {
     lblPoint->hide();
 }
 
+ui::PictureBox* frmGrumbo::NewCharacterBox() {
+    return new ui::PictureBox(picBld, QStringLiteral("Player"), 0, field::kOutOfPlay, 40, 60);
+}
+
 void frmGrumbo::CreateStatusStrip(QWidget* window) {
     picUI = new QWidget(window);
-    picUI->setGeometry(0, kFieldHeight, kFieldWidth, 44);
+    picUI->setGeometry(0, field::kHeight, field::kWidth, field::kStripHeight);
     picUI->setAutoFillBackground(true);
 
     ui::MakeLabel(picUI, 376, 16, 29, 15, QStringLiteral("Angle"));

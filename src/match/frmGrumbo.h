@@ -7,6 +7,7 @@
 #include <array>
 #include <vector>
 
+#include "match/Field.h"
 #include "match/Overlays.h"
 #include "modmain/modMain.h"
 #include "ui/Form.h"
@@ -25,11 +26,6 @@ class frmGrumbo : public ui::Form {
 public:
     using Integer = grumbo::Integer;
     using Long = grumbo::Long;
-    // The buildings' bottom edge; a character box whose top edge lies below it is out of play,
-    // and this is where such boxes are parked.
-    static constexpr int kGroundLine = 466;
-    static constexpr int kOutOfPlay = 467;
-
     frmGrumbo();
     ~frmGrumbo() override;
     // The program's one match screen.
@@ -47,7 +43,6 @@ public:
     Integer intFrame = 0;
     double dblVelX = 0, dblVelY = 0;
     Integer intAngle = 0;
-    Long lngBgColor = 0, lngColor = 0, lngPlayerColor = 0;
     std::array<Long, 4> lngPoints{};
     std::array<Integer, 4> intFrags{};
     std::array<Integer, 4> intMisses{};
@@ -108,12 +103,9 @@ public:
     void tmrMIDI_Timer();
     void CloseAndLoadMIDI();
     void MakeTransparent(ui::PictureBox& pic, float StartX, float StartY, float EndX, float EndY);
-    // The whole box: the rectangle reaches one pixel past it, as every caller of the game does.
+    // The whole box. The rectangle reaches one pixel past the box on the right and at the bottom,
+    // where reading gives no colour, so nothing happens there.
     void MakeTransparent(ui::PictureBox& pic);
-    // Window title of the turn: the current player's name and points.
-    void ShowTurnTitle();
-    // Loads a character picture, or tells the players which file is missing.
-    bool LoadCharacterPicture(Integer player, const QString& suffix);
 
     // ---- Throwing and flight (flight/) ------------------------------------------------------
     void AlignBanana();
@@ -140,18 +132,15 @@ public:
     void ShowPoints(Integer intPoints);
     void EndGame();
 
-    // True when the current thrower stands on the right side of the city.
-    bool ThrowerOnRight() const;
-    // Length of tune n in seconds, 0 for a number that is no tune.
-    static int TuneSeconds(int n);
-    static QString TunePath(int n);
-
 protected:
     void CreateControls(QWidget* window) override;
     void Form_Load() override;
     void Form_Unload(bool& cancel) override;
 
 private:
+    // Colours sampled by the collision checks and the points popup.
+    Long lngBgColor = 0, lngColor = 0, lngPlayerColor = 0;
+
     void CreatePlayField(QWidget* window);
     void CreateStatusStrip(QWidget* window);
     void CreateFinalBoard(QWidget* window);
@@ -162,12 +151,34 @@ private:
     void StartMusic();
     void RunCalibration();
     void CreateExtraPlayers();
+    // A character box, parked out of play until a roof is found for it.
+    ui::PictureBox* NewCharacterBox();
     ui::Surface MissingPicture(const QString& path, int width, int height);
     void DrawSky();
     void BlendCharacters();
     void ResetWindBox();
     void ResetPointsBox();
     void DrawRoundWind();
+    // A new wind strength within the wind extremity.
+    void DrawWindStrength();
+
+    // Window title of the turn: the current player's name and points.
+    void ShowTurnTitle();
+    // Loads a character picture, or tells the players which file is missing.
+    bool LoadCharacterPicture(Integer player, const QString& suffix);
+    // True when the current thrower stands on the right side of the city.
+    bool ThrowerOnRight() const;
+    // Length of tune n in seconds, 0 for a number that is no tune.
+    static int TuneSeconds(int n);
+    static QString TunePath(int n);
+
+    // True once a character hit has been reported.
+    bool CheckCharacters();
+    void CheckBuildings();
+    // True while the flight of `thrower` goes on.
+    bool SameFlight(Integer thrower) const;
+    // The thrower's twelve frames alternating his two throwing poses.
+    void VictoryDance(Integer thrower);
 
     MatchOverlays* overlays_ = nullptr;
 };

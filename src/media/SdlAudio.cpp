@@ -29,8 +29,6 @@ void Put32(std::vector<unsigned char>& v, std::uint32_t x) {
 }
 }  // namespace
 
-bool SdlAudioOpen() { return deviceOpen; }
-
 bool OpenSdlAudio() {
     if (deviceOpen) return true;
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");

@@ -30,7 +30,6 @@ private:
     QString path_;
 };
 
-bool SdlAudioOpen();
 bool OpenSdlAudio();
 void CloseSdlAudio();
 // The whole of a Sun/NeXT audio file turned into an in-memory WAV image that the mixer reads.

@@ -93,8 +93,9 @@ void DrawGradient(ui::Surface& pic, float R1, float G1, float B1, float R2, floa
     const float dB = (B2 - B1) / (Y2 - Y1);
     float R = R1, G = G1, B = B1;
     const int x1 = grumbo::CInt(X1), x2 = grumbo::CInt(X2);
-    // The running colour is accumulated line by line, not recomputed from y, so the rounding of
-    // single-precision steps shows exactly as the game has always drawn it.
+    // Each line's colour is the previous one plus the step, in single precision, not a blend
+    // recomputed from y: the skies and the building shades are defined by these accumulated
+    // values, whose drift over a tall gradient moves some rows by one step.
     for (float y = Y1; y <= Y2; y += 1.0f) {
         const int row = grumbo::CInt(y);
         pic.Line(x1, row, x2, row, ui::RGB(Channel(R), Channel(G), Channel(B)));

@@ -74,7 +74,8 @@ void Surface::FillRect(int x1, int y1, int x2, int y2, std::int32_t colour) {
 void Surface::Circle(int cx, int cy, int radius, std::int32_t colour, bool filled,
                      std::int32_t fillColour) {
     if (radius < 0) return;
-    // Midpoint circle: for each row offset the half width of the disc.
+    // Row by row: each row's half width comes from the circle's equation, rounded; the outline
+    // takes the ends of every row and of every column, so it has no gaps at the top and bottom.
     const QRgb inside = ToQRgb(fillColour);
     for (int dy = -radius; dy <= radius; ++dy) {
         const int half =

@@ -11,7 +11,12 @@ namespace ui {
 constexpr std::int32_t RGB(int r, int g, int b) { return r + 256 * g + 65536 * b; }
 constexpr std::int32_t kWhite = RGB(255, 255, 255);
 
-inline QRgb ToQRgb(std::int32_t c) { return qRgb(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF); }
+// The parts of a colour.
+constexpr int Red(std::int32_t c) { return c & 0xFF; }
+constexpr int Green(std::int32_t c) { return (c >> 8) & 0xFF; }
+constexpr int Blue(std::int32_t c) { return (c >> 16) & 0xFF; }
+
+inline QRgb ToQRgb(std::int32_t c) { return qRgb(Red(c), Green(c), Blue(c)); }
 inline std::int32_t FromQRgb(QRgb q) { return RGB(qRed(q), qGreen(q), qBlue(q)); }
 
 class Surface {

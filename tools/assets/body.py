@@ -9,6 +9,7 @@ pose 2 looks like a little jig.
 SKIN = (238, 188, 146)
 DARK = (40, 30, 34)
 EYE_WHITE = (250, 250, 244)
+MOUTH = (150, 60, 60)
 
 
 class Body:
@@ -95,7 +96,7 @@ class Body:
     def head(self, skin, rx=6.6, ry=7.4):
         self.c.ellipse(self.hx, self.hy, rx, ry, skin)
 
-    def face(self, eyes=DARK, mouth=(150, 60, 60), brows=None, nose=None, grin=False):
+    def face(self, eyes=DARK, mouth=MOUTH, brows=None, nose=None, grin=False):
         """Eyes, nose and mouth; painted after shading so they stay sharp."""
         x, y, c = int(self.hx), int(self.hy), self.c
         for ex in (x - 3, x + 2):

@@ -21,25 +21,30 @@ def star(c, x, y, colour):
         c.plot(x + dx, y + dy, colour)
 
 
+# Classic Grumbo's colours; the desktop icon draws him too.
+CLASSIC_SHIRT = (64, 160, 62)
+CLASSIC_CAP = (40, 116, 44)
+CLASSIC_CAP_BUTTON = (240, 220, 90)
+CLASSIC_SHIRT_BUTTON = (30, 90, 34)
+
+
 def classic(pose):
     c = Canvas(W, 70)
     b = Body(c, pose)
-    green, dgreen = (64, 160, 62), (40, 116, 44)
     b.legs((58, 86, 160), (112, 70, 38))
-    b.torso(green)
+    b.torso(CLASSIC_SHIRT)
     b.belt((92, 58, 30), (226, 190, 60))
     b.neck(SKIN)
     b.head(SKIN)
-    b.arms(green, SKIN)
+    b.arms(CLASSIC_SHIRT, SKIN)
     # cap: dome over the top of the head and a brim to the front (right)
-    c.ellipse(b.hx, b.hy - 4.5, 7.2, 4.5, dgreen)
-    c.rect(int(b.hx) - 7, int(b.hy) - 4, int(b.hx) + 9, int(b.hy) - 3, dgreen)
+    c.ellipse(b.hx, b.hy - 4.5, 7.2, 4.5, CLASSIC_CAP)
+    c.rect(int(b.hx) - 7, int(b.hy) - 4, int(b.hx) + 9, int(b.hy) - 3, CLASSIC_CAP)
     finish(c)
     b.face(nose=(204, 140, 110), grin=True)
-    c.plot(int(b.hx), int(b.hy) - 7, (240, 220, 90))  # cap button
-    c.plot(int(b.hx), b.top + 4, (30, 90, 34))  # shirt buttons
-    c.plot(int(b.hx), b.top + 9, (30, 90, 34))
-    c.plot(int(b.hx), b.top + 14, (30, 90, 34))
+    c.plot(int(b.hx), int(b.hy) - 7, CLASSIC_CAP_BUTTON)
+    for dy in (4, 9, 14):
+        c.plot(int(b.hx), b.top + dy, CLASSIC_SHIRT_BUTTON)
     c.outline()
     return c.rows()
 

@@ -11,6 +11,8 @@ the game's white keying clean: no body pixel ever touches the background.
 from imageio import WHITE
 
 OUTLINE = (34, 26, 30)
+RIM_DARK = 0.74   # lower-right rim of a part
+RIM_LIGHT = 1.16  # upper-left rim
 
 
 def mix(colour, factor):
@@ -101,9 +103,9 @@ class Canvas:
                 if px[y][x] is None or p <= 0:
                     continue
                 if not same(x + 1, y, p) or not same(x, y + 1, p):
-                    f = 0.74
+                    f = RIM_DARK
                 elif not same(x - 1, y, p) or not same(x, y - 1, p):
-                    f = 1.16
+                    f = RIM_LIGHT
                 else:
                     x0, x1 = boxes[p]
                     f = 1.06 - 0.14 * (x - x0) / max(1, x1 - x0)

@@ -1,7 +1,8 @@
 """Tiny readers and writers for the two picture formats we touch.
 
-Pictures are lists of rows (top row first) of (r, g, b) tuples.  The game reads
-24-bit BMPs; the docs page wants PNGs.  Both are written by hand so the
+Pictures are lists of rows (top row first) of (r, g, b) tuples, or (r, g, b, a)
+for PNGs with a see-through background.  The game reads 24-bit BMPs; the docs
+page and the desktop icons want PNGs.  Both are written by hand so the
 generators need nothing beyond the standard library.
 """
 import struct
@@ -48,8 +49,10 @@ def read_bmp24(path):
 
 
 def write_png(path, rows):
+    """Rows of (r, g, b) give an opaque picture, rows of (r, g, b, a) one with alpha."""
     height = len(rows)
     width = len(rows[0])
+    colour_type = 6 if len(rows[0][0]) == 4 else 2
     raw = bytearray()
     for row in rows:
         raw.append(0)
@@ -60,7 +63,7 @@ def write_png(path, rows):
         crc = zlib.crc32(kind + payload) & 0xFFFFFFFF
         return struct.pack(">I", len(payload)) + kind + payload + struct.pack(">I", crc)
 
-    ihdr = struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0)
+    ihdr = struct.pack(">IIBBBBB", width, height, 8, colour_type, 0, 0, 0)
     with open(path, "wb") as f:
         f.write(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", ihdr)
                 + chunk(b"IDAT", zlib.compress(bytes(raw), 9)) + chunk(b"IEND", b""))

@@ -4,7 +4,7 @@
     python3 tools/assets/make_all.py            # everything
     python3 tools/assets/make_all.py sounds     # only some groups
 
-Groups: characters, marker, sounds, music, credits, docs.  Output is
+Groups: characters, marker, sounds, music, credits, icons, docs.  Output is
 deterministic, so rerunning without changes leaves git clean.
 """
 import os
@@ -47,6 +47,11 @@ def make_credits():
     write_credits(os.path.join(DATA, "Credits.txt"))
 
 
+def make_icons():
+    import icon
+    icon.write_all(os.path.join(DATA, "icons"))
+
+
 def make_docs():
     import artwork_page
     artwork_page.write_page(ROOT)
@@ -58,6 +63,7 @@ GROUPS = {
     "sounds": make_sounds,
     "music": make_music,
     "credits": make_credits,
+    "icons": make_icons,
     "docs": make_docs,
 }
 
