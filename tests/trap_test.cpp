@@ -227,6 +227,25 @@ TEST_F(Trap, ArrowKeysFlyTheThrowerAndReparkTheProjectile) {
     keyboard.Release('H');
 }
 
+TEST_F(Trap, ArrowKeysDuringTheMatchStartWaitForTheThrower) {
+    // The turn still names the last player of an earlier "2 vs 2" match.
+    frmGrumbo& f = frmGrumbo::Instance();
+    f.intCurrentPlayer = 3;
+    f.blnFlying = true;
+    int held = 0;
+    clock.onPump = [&] {
+        keyboard.Release(ui::VkLeft);
+        keyboard.Press(ui::VkLeft);
+        ++held;
+    };
+    StartMatch(2);
+    clock.onPump = nullptr;
+    keyboard.Release(ui::VkLeft);
+    ASSERT_GT(held, 100);
+    EXPECT_EQ(f.intCurrentPlayer, 0);
+    EXPECT_LE(f.Player[0]->Top(), field::kGroundLine) << "the first round stands";
+}
+
 TEST_F(Trap, AMovedThrowerIsRedrawnSeeThroughAtItsNewPlace) {
     frmGrumbo& f = StartMatch(2);
     TypeKeys(QStringLiteral("\\hop fremble"));

@@ -42,6 +42,13 @@ void Recognise(frmGrumbo& f) {
     }
 }
 
+// The current thrower's box; none while the match start has not yet made it (the turn may
+// still name a player of an earlier match with more players).
+ui::PictureBox* Thrower(frmGrumbo& f) {
+    const auto i = static_cast<std::size_t>(f.intCurrentPlayer);
+    return i < f.Player.size() ? f.Player[i] : nullptr;
+}
+
 // Only the first arrow key pressed in a poll counts; the others are not even asked, so a key
 // still held is seen by the next poll.
 bool FlyWithArrows(frmGrumbo& f) {
@@ -51,19 +58,21 @@ bool FlyWithArrows(frmGrumbo& f) {
                    {ui::VkUp, 0, -kFlyStep},
                    {ui::VkRight, kFlyStep, 0},
                    {ui::VkDown, 0, kFlyStep}};
+    if (!Thrower(f)) return false;
     for (const auto& a : kArrows) {
         if (!Pressed(a.vk)) continue;
         if (f.blnFlying) {
-            ui::PictureBox& flyer = *f.Player[f.intCurrentPlayer];
+            ui::PictureBox& flyer = *Thrower(f);
             flyer.Move(flyer.Left() + a.dx, flyer.Top() + a.dy);
         }
         DoEvents();
         // Redrawn at its place whether it moved or not, and the projectile parked at its hand,
         // which also moves the origin of a flight under way. The turn may have passed meanwhile.
-        ui::PictureBox& thrower = *f.Player[f.intCurrentPlayer];
-        thrower.Cls();
-        f.MakeTransparent(thrower);
-        f.AlignBanana();
+        if (ui::PictureBox* thrower = Thrower(f)) {
+            thrower->Cls();
+            f.MakeTransparent(*thrower);
+            f.AlignBanana();
+        }
         return true;
     }
     return false;
