@@ -233,12 +233,10 @@ void frmPlayer::cmdBack_Click() {
 }
 
 void frmPlayer::Form_Unload(bool&) {
+    // Entries left from an earlier match count as chosen.
     const int players = intGameType == 1 ? 2 : 4;
-    for (int i = 0; i < players; ++i) {
-        if (strCharacter[i].isEmpty()) {
-            ui::EndProgram();
-            return;
-        }
-    }
-    frmGrumbo::Instance().Show();
+    const bool everyoneChose = std::none_of(strCharacter.begin(), strCharacter.begin() + players,
+                                            [](const QString& c) { return c.isEmpty(); });
+    if (everyoneChose) frmGrumbo::Instance().Show();
+    else ui::EndProgram();
 }
