@@ -176,7 +176,7 @@ TEST_F(PlayerSelection, LastPassStartsTheMatchWithTheChosenNamesAndCharacters) {
             EXPECT_EQ(strPlayerName[k], names[k]);
             EXPECT_EQ(strCharacter[k], chosen[k]);
             EXPECT_EQ(QSize(f.Player[k]->Width(), f.Player[k]->Height()), ShippedSize(chosen[k]));
-            EXPECT_LE(f.Player[k]->Top(), frmGrumbo::kGroundLine) << "on a roof";
+            EXPECT_LE(f.Player[k]->Top(), field::kGroundLine) << "on a roof";
         }
         LeaveMatch();
     }
