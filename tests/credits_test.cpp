@@ -68,6 +68,7 @@ TEST_F(CreditsScreen, TheBufferHoldsEveryLineCentredAndScrollsOutBeforeTheEndIsA
     // Ten identical lines, each one text line plus 3 pixels below the one before.
     const std::vector<int> tops = LineTops(buffer);
     ASSERT_EQ(tops.size(), 10u);
+    EXPECT_GE(tops[0], 3) << "text 3 pixels below the buffer's top";
     const int pitch = tops[1] - tops[0];
     for (std::size_t i = 1; i < tops.size(); ++i) EXPECT_EQ(tops[i] - tops[i - 1], pitch);
     const int h = pitch - 3;
@@ -152,6 +153,7 @@ TEST_F(CreditsScreen, TheShippedCreditsScrollToTheirEnd) {
     c.Show();
     EXPECT_EQ(c.Caption(), QStringLiteral("Grumbo Credits"));
     EXPECT_EQ(c.window()->size(), QSize(530, 351));
+    EXPECT_EQ(c.window()->minimumSize(), c.window()->maximumSize()) << "a fixed size";
     EXPECT_GT(n, 20);
     const std::vector<int> tops = LineTops(c.picCredits);
     EXPECT_GT(tops.size(), 10u);

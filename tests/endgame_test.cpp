@@ -48,6 +48,7 @@ TEST_F(Endgame, OpensFiveSecondsAfterTheFinalBoardWithARaisedEdge) {
     EXPECT_FALSE(f.picUI->isEnabled());
     QWidget* w = box.window();
     EXPECT_EQ(w->size(), QSize(256, 78));
+    EXPECT_EQ(w->minimumSize(), w->maximumSize()) << "a fixed size";
     EXPECT_TRUE(w->windowFlags().testFlag(Qt::FramelessWindowHint));
     EXPECT_EQ(w->parentWidget(), f.window()) << "owned by the match screen";
 

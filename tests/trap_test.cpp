@@ -1,5 +1,7 @@
 // The keyboard trap of the match screen: the key test, typed codes, flying with the arrow keys,
 // and Escape pausing a flight that "Resume" lets fly on, on the virtual clock.
+#include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -64,6 +66,11 @@ Shot Trap::Throw(frmGrumbo& f, bool pause) {
         EXPECT_EQ(box.cmdCredits->text(), QStringLiteral("Start Over"));
         EXPECT_EQ(box.cmdQuit->text(), QStringLiteral("Quit"));
         EXPECT_FALSE(f.picUI->isEnabled());
+        EXPECT_FALSE(f.tmrCollision.Enabled());
+        EXPECT_EQ(QApplication::activeWindow(), box.window()) << "the box has the keyboard";
+        // The window system cannot close the box behind the players' backs.
+        box.window()->close();
+        EXPECT_TRUE(box.Loaded());
         const int frozenAt = f.intFlightTime;
         const QPoint place = f.imgProjectile->pos();
         clock.Advance(1500);
@@ -74,6 +81,8 @@ Shot Trap::Throw(frmGrumbo& f, bool pause) {
         box.cmdPlay->click();
         EXPECT_FALSE(box.Loaded());
         EXPECT_TRUE(f.picUI->isEnabled());
+        clock.Advance(kPollMs);
+        EXPECT_EQ(QApplication::activeWindow(), f.window()) << "the keyboard goes back";
     }
     EXPECT_TRUE(clock.RunUntil([&] { return InputOpen(f); }, kThrowLimitMs));
     clock.onPump = nullptr;
@@ -96,6 +105,26 @@ TEST_F(Trap, KeyCountsWhenItWentDownSinceTheLastPollAndIsStillDown) {
     keyboard.Press('B');
     EXPECT_FALSE(keyboard.GetAsyncKeyState('A')) << "another key";
     EXPECT_TRUE(keyboard.GetAsyncKeyState('B'));
+}
+
+TEST_F(Trap, AHeldKeyRepeatsAsATypedOneDoes) {
+    frmGrumbo& f = StartMatch(2);
+    const auto send = [&](QEvent::Type type, bool repeat) {
+        QKeyEvent e(type, Qt::Key_Right, Qt::NoModifier, QString(), repeat);
+        QApplication::sendEvent(f.txtAngle, &e);
+    };
+    send(QEvent::KeyPress, false);
+    EXPECT_TRUE(keyboard.GetAsyncKeyState(ui::VkRight));
+    for (int i = 0; i < 3; ++i) {
+        send(QEvent::KeyRelease, true);
+        EXPECT_FALSE(keyboard.GetAsyncKeyState(ui::VkRight)) << "not pressed again yet";
+        send(QEvent::KeyPress, true);
+        EXPECT_TRUE(keyboard.GetAsyncKeyState(ui::VkRight)) << "repeat " << i;
+    }
+    send(QEvent::KeyRelease, false);
+    send(QEvent::KeyPress, true);  // a stray repeat after the release
+    send(QEvent::KeyRelease, false);
+    EXPECT_FALSE(keyboard.GetAsyncKeyState(ui::VkRight));
 }
 
 TEST_F(Trap, KeysTypedIntoTheAimingBoxesReachTheTrapWithTheirCodes) {
@@ -135,6 +164,7 @@ TEST_F(Trap, CodesNeedTheBackslashIgnoreCaseAndEndAtTheTwelfthCharacter) {
     Tap('L');
     EXPECT_FALSE(Played("sounds/flyg.wav"));
     Tap('E');
+    EXPECT_EQ(f.strCode, QStringLiteral("\\HOP FREMBLE"));
     EXPECT_TRUE(f.blnFlying);
     EXPECT_TRUE(Played("sounds/flyg.wav")) << "as the twelfth character is typed";
     EXPECT_FALSE(f.blnAllProjectiles);
@@ -158,14 +188,17 @@ TEST_F(Trap, CodesNeedTheBackslashIgnoreCaseAndEndAtTheTwelfthCharacter) {
     EXPECT_TRUE(effects.played.isEmpty()) << "the third code has no sound";
 }
 
-TEST_F(Trap, SpaceIsRecordedOnlyOnceACodeHasStarted) {
+TEST_F(Trap, KeysBeforeTheBackslashAreGoneWhenACodeStarts) {
     frmGrumbo& f = StartMatch(2);
-    // A space held from before the backslash is not counted again once the code has started.
+    // A space and a letter held from before the backslash do not count once the code has
+    // started: the polls before it took them.
     keyboard.Press(ui::VkSpace);
+    keyboard.Press('H');
     clock.Advance(kPollMs);
     Tap(ui::VkBackslash);
     clock.Advance(kPollMs);
     keyboard.Release(ui::VkSpace);
+    keyboard.Release('H');
     EXPECT_EQ(f.strCode, QStringLiteral("\\"));
     TypeKeys(QStringLiteral("a b"));
     EXPECT_EQ(f.strCode, QStringLiteral("\\A B"));

@@ -86,14 +86,15 @@ bool Keyboard::GetAsyncKeyState(int vk) {
 
 bool Keyboard::eventFilter(QObject* watched, QEvent* event) {
     // A key event reaches the filter once for the window and once for every widget it travels
-    // through; only the widgets' deliveries count, and auto-repeat is not a new press.
-    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
+    // through; only the widgets' deliveries count.
+    const bool press = event->type() == QEvent::KeyPress;
+    if ((press || event->type() == QEvent::KeyRelease) && watched->isWidgetType()) {
         auto* ke = static_cast<QKeyEvent*>(event);
-        if (watched->isWidgetType() && !ke->isAutoRepeat()) {
-            const int vk = ToVk(ke->key(), ke->modifiers().testFlag(Qt::KeypadModifier));
-            if (event->type() == QEvent::KeyPress) Press(vk);
-            else Release(vk);
-        }
+        const int vk = ToVk(ke->key(), ke->modifiers().testFlag(Qt::KeypadModifier));
+        // A held key repeats as a typed one does, so holding an arrow key keeps the thrower
+        // flying; the release that the window system sends between two repeats is no release.
+        if (press) Press(vk);
+        else if (!ke->isAutoRepeat()) Release(vk);
     }
     return QObject::eventFilter(watched, event);
 }

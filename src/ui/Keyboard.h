@@ -1,8 +1,8 @@
 #pragma once
-// Keyboard polling for the match screen: per key code, whether the key went down since the last
-// query and is still down. It sees the keys typed while one of the program's windows has the
-// keyboard focus, whichever control of it has the focus; reading the whole desktop's keyboard
-// would need privileges a game must not ask for.
+// Keyboard polling for the match screen: per key code, whether the key went down (or repeated
+// while held) since the last query and is still down. It sees the keys typed while one of the
+// program's windows has the keyboard focus, whichever control of it has the focus; reading the
+// whole desktop's keyboard would need privileges a game must not ask for.
 #include <QObject>
 #include <array>
 
