@@ -182,6 +182,11 @@ TEST_F(Trap, CodesNeedTheBackslashIgnoreCaseAndEndAtTheTwelfthCharacter) {
     EXPECT_TRUE(f.blnAllProjectiles);
     EXPECT_TRUE(Played("sounds/allb.wav"));
 
+    // Codes 65 to 124 type the characters of their codes; the keys around them type nothing.
+    TypeKeys(QStringLiteral("\\"));
+    for (int vk : {64, 65, 124, 125}) Tap(vk);
+    EXPECT_EQ(f.strCode, QStringLiteral("\\A|"));
+
     effects.played.clear();
     TypeKeys(QStringLiteral("\\qix fremble"));
     EXPECT_TRUE(f.blnInvulnerable);
