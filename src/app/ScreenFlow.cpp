@@ -1,8 +1,10 @@
 #include "app/ScreenFlow.h"
 
 #include "match/frmGrumbo.h"
+#include "screens/frmEndgame.h"
 #include "screens/frmLoading.h"
 #include "screens/frmSplash.h"
+#include "ui/Keyboard.h"
 
 namespace grumbo {
 
@@ -10,7 +12,12 @@ namespace {
 class ScreenOverlays : public MatchOverlays {
 public:
     LoadingBox& Loading() override { return frmLoading::Instance(); }
-    void ShowGameOver() override {}
+    void ShowGameOver() override { frmEndgame::Instance().ShowGameOver(Match()); }
+    bool CanPause() override { return !frmEndgame::Instance().Loaded(); }
+    void ShowPause() override { frmEndgame::Instance().ShowPause(Match()); }
+
+private:
+    static QWidget* Match() { return frmGrumbo::Instance().window(); }
 };
 }  // namespace
 
@@ -23,6 +30,8 @@ QStringList IconFiles() {
 
 void WireScreens() {
     static ScreenOverlays overlays;
+    // The match's keyboard trap reads the keys through it.
+    ui::Keyboard::instance().Install();
     frmGrumbo::Instance().SetOverlays(&overlays);
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 // Boxes the match screen shows over itself without owning them: the loading box and the
-// game-over box. They are screens of the layer above the match, so the match knows them only by
-// these interfaces, and the program's top hands the real screens in.
+// game-over box, which doubles as the pause box. They are screens of the layer above the match,
+// so the match knows them only by these interfaces, and the program's top hands the real screens
+// in.
 #include <QString>
 
 class QWidget;
@@ -23,4 +24,9 @@ public:
     virtual LoadingBox& Loading() = 0;
     // Opens the game-over box over the final board.
     virtual void ShowGameOver() = 0;
+    // Whether the pause box can open now: not while the game-over or pause box is already up,
+    // and never without a box to show (the match would stay frozen).
+    virtual bool CanPause() { return false; }
+    // Opens the game-over box relabelled as the pause box.
+    virtual void ShowPause() {}
 };

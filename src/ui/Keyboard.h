@@ -1,14 +1,26 @@
 #pragma once
-// Whole-keyboard polling for the match screen: per key code, whether the key went down since the
-// last query and is still down, whichever window has the focus.
+// Keyboard polling for the match screen: per key code, whether the key went down (or repeated
+// while held) since the last query and is still down. It sees the keys typed while one of the
+// program's windows has the keyboard focus, whichever control of it has the focus; reading the
+// whole desktop's keyboard would need privileges a game must not ask for.
 #include <QObject>
 #include <array>
-#include <cstdint>
 
 namespace ui {
 
 // Key codes of the polling interface (the classic virtual-key numbers).
-enum Vk : int { VkEscape = 27, VkLeft = 37, VkUp = 38, VkRight = 39, VkDown = 40 };
+enum Vk : int {
+    VkEnter = 13,
+    VkEscape = 27,
+    VkSpace = 32,
+    VkLeft = 37,
+    VkUp = 38,
+    VkRight = 39,
+    VkDown = 40,
+    VkNumpad0 = 96,
+    VkF1 = 112,
+    VkBackslash = 220,
+};
 
 class Keyboard : public QObject {
 public:
@@ -20,14 +32,18 @@ public:
     // Feeds a key change directly (tests, and the event filter).
     void Press(int vk);
     void Release(int vk);
-    static int ToVk(int qtKey);
+    // Forgets every key: nothing counts as down or pressed.
+    void Reset();
+    // The key code of a Qt key; keypad keys have codes of their own. -1 for keys without one.
+    static int ToVk(int qtKey, bool keypad = false);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    std::array<bool, 256> down_{};
-    std::array<bool, 256> pressed_{};
+    static constexpr int kKeys = 256;
+    std::array<bool, kKeys> down_{};
+    std::array<bool, kKeys> pressed_{};
     bool installed_ = false;
 };
 

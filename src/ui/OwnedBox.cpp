@@ -1,0 +1,47 @@
+#include "ui/OwnedBox.h"
+
+#include <QEvent>
+#include <QPointer>
+#include <QWidget>
+
+namespace ui {
+
+namespace {
+class OwnerWatch : public QObject {
+public:
+    explicit OwnerWatch(QWidget* box) : QObject(box), box_(box) {}
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (box_ && box_->isVisible()) {
+            // The window system hides a minimised owner; only the program's own hiding closes it.
+            if (event->type() == QEvent::Hide && !event->spontaneous()) box_->close();
+            else if (event->type() == QEvent::WindowActivate) GiveFocusSoon();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    // Not from inside the owner's activation, which is still being handled.
+    void GiveFocusSoon() {
+        QMetaObject::invokeMethod(
+            box_, [box = box_] { GiveFocus(box); }, Qt::QueuedConnection);
+    }
+
+    QPointer<QWidget> box_;
+};
+}  // namespace
+
+void KeepAboveOwner(QWidget* box) {
+    GiveFocus(box);
+    if (QWidget* owner = box->parentWidget())
+        owner->window()->installEventFilter(new OwnerWatch(box));
+}
+
+void GiveFocus(QWidget* window) {
+    if (!window || !window->isVisible()) return;
+    window->raise();
+    window->activateWindow();
+}
+
+}  // namespace ui

@@ -1,0 +1,14 @@
+#pragma once
+// A small box over its owner window: it keeps the keyboard while it is up (raised and given the
+// focus when it opens, and given it back whenever its owner is activated), and it closes, through
+// its screen's closing, when the owner closes.
+class QWidget;
+
+namespace ui {
+
+// `box` is a window owned by another one; call it once the box is shown.
+void KeepAboveOwner(QWidget* box);
+// Hands the keyboard to `window` (after the box over it has gone).
+void GiveFocus(QWidget* window);
+
+}  // namespace ui

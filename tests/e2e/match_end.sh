@@ -1,0 +1,266 @@
+#!/usr/bin/env bash
+# Leaving and finishing a match on the real binary under Xvfb, as players do: Escape pauses and
+# "Start Over" goes back to setup; a flight paused with Escape lands, after "Resume", where the
+# same throw lands uninterrupted in a game started with the same seed; "\hop fremble" lets the
+# arrow keys fly the thrower; a whole match played to its frag limit of 1, the game-over box
+# five seconds after the final board, "View Credits", the scroll to "Credits Completed", Space
+# back to the title screen, and a second match from there.
+# Usage: match_end.sh GAME_BINARY
+set -uo pipefail
+source "$(dirname "$0")/xsession.sh"
+e2e_begin "$1"
+
+SEED=7
+FIELD_BOTTOM=465  # the last row of the play field in the match window
+
+# --- helpers ------------------------------------------------------------------------------
+
+# Holds KEY down long enough for the match's keyboard poll (every 20 ms) to see it.
+tap() {  # tap KEY [TIMES]
+    local i
+    for i in $(seq "${2:-1}"); do
+        xdotool keydown "$1"
+        sleep 0.05
+        xdotool keyup "$1"
+        sleep 0.05
+    done
+}
+
+# The bounding box "left top right bottom" of the pixels that differ between two shots of one
+# window within rows TOP to BOTTOM; empty when nothing differs.
+changed_box() {  # changed_box FILE1 FILE2 TOP BOTTOM
+    paste -d' ' \
+        <(ppm_pixels 'if (y >= T && y <= B) print x, y, r, g, b' '' "$1" -v T="$3" -v B="$4") \
+        <(ppm_pixels 'if (y >= T && y <= B) print r, g, b' '' "$2" -v T="$3" -v B="$4") |
+        awk '$3 != $6 || $4 != $7 || $5 != $8 {
+                 if (n++ == 0) { l = r = $1; t = b = $2 }
+                 if ($1 < l) l = $1; if ($1 > r) r = $1; if ($2 < t) t = $2; if ($2 > b) b = $2 }
+             END { if (n) print l, t, r, b }'
+}
+
+# With E2E_SHOTS set, keeps a picture there for people to look at.
+keep() {  # keep PPM_FILE NAME
+    [ -n "${E2E_SHOTS:-}" ] && mkdir -p "$E2E_SHOTS" && convert "$1" "$E2E_SHOTS/$2.png"
+    return 0
+}
+
+# Title, setup with day sky, no wind and frag limit 1, two players: the match window "Ann - 0 pts".
+front_end() {
+    wait_window "Grumbo 2 - Kravenmoor"
+    click "$WIN" 286 162  # Start
+    setup_and_players
+}
+
+setup_and_players() {
+    wait_window "Setup"
+    local setup=$WIN
+    click "$setup" 81 110  # time of day: up to "Day"
+    for _ in 1 2; do click "$setup" 50 168; done       # frag limit: down to 1
+    for _ in 1 2 3 4 5; do click "$setup" 177 104; done  # wind extremity: down to 0
+    click "$setup" 286 162  # Next
+    wait_window "Player 1"
+    local player=$WIN
+    click "$player" 190 185
+    type_into "$player" "Ann"
+    press "$player" Return
+    wait_window "Player 2"
+    type_into "$player" "Bob"
+    press "$player" Return
+    wait_window "Ann - 0 pts" 60
+    MATCH=$WIN
+    expect_size "$MATCH" 722x510
+}
+
+# Types into the angle and velocity boxes and clicks "Throw".
+throw() {  # throw ANGLE VELOCITY
+    click "$MATCH" 445 489
+    xdotool type --delay 60 "$1"
+    click "$MATCH" 577 488
+    xdotool type --delay 60 "$2"
+    click "$MATCH" 677 487
+}
+
+# The turn indicator bobs for about two seconds after a turn begins; pictures wait for it.
+settle() { sleep 2.5; }
+
+# The box around the current thrower's picture: what changes when he flies up and back down.
+thrower_box() {  # thrower_box NAME -> "left top right bottom", the top 3 pixels above the picture
+    xdotool windowfocus --sync "$MATCH"
+    shot "$MATCH" "$WORK/$1-a.ppm"
+    tap Up
+    sleep 0.2
+    shot "$MATCH" "$WORK/$1-b.ppm"
+    tap Down
+    sleep 0.2
+    changed_box "$WORK/$1-a.ppm" "$WORK/$1-b.ppm" 0 "$FIELD_BOTTOM"
+}
+
+# --- a first game: the throw without a pause --------------------------------------------
+
+start_game --seed "$SEED"
+front_end
+settle
+shot "$MATCH" "$WORK/before-plain.ppm"
+throw 80 60
+wait_window "Bob - 0 pts" 30
+settle
+shot "$MATCH" "$WORK/after-plain.ppm"
+plain=$(changed_box "$WORK/before-plain.ppm" "$WORK/after-plain.ppm" 40 "$FIELD_BOTTOM")
+keep "$WORK/before-plain.ppm" before-throw
+keep "$WORK/after-plain.ppm" after-uninterrupted-throw
+[ -n "$plain" ] || fail "the throw left no mark on the city"
+kill "$GAME_PID"
+wait "$GAME_PID" 2>/dev/null
+echo "uninterrupted throw: crater at $plain"
+
+# --- the second game: pause, "Start Over", and the same throw with a pause ----------------
+
+start_game --seed "$SEED"
+front_end
+xdotool windowfocus --sync "$MATCH"
+tap Escape
+wait_window "Game Over"
+box=$WIN
+expect_size "$box" 256x78
+click "$box" 127 60  # "Start Over"
+wait_window "Setup"
+wait_gone "Ann - 0 pts"
+wait_gone "Game Over"
+echo "Start Over: setup shown, no match window"
+setup_and_players
+
+settle
+shot "$MATCH" "$WORK/before-paused.ppm"
+cmp -s "$WORK/before-plain.ppm" "$WORK/before-paused.ppm" ||
+    fail "two games started with --seed $SEED show different cities"
+throw 80 60
+sleep 0.5
+xdotool windowfocus --sync "$MATCH"
+tap Escape
+wait_window "Game Over"
+box=$WIN
+sleep 0.3
+shot "$MATCH" "$WORK/paused-1.ppm"
+sleep 1.5
+shot "$MATCH" "$WORK/paused-2.ppm"
+cmp -s "$WORK/paused-1.ppm" "$WORK/paused-2.ppm" || fail "the projectile moves during the pause"
+# The box hides part of the window's picture; the projectile flies above it.
+[ -n "$(changed_box "$WORK/before-paused.ppm" "$WORK/paused-1.ppm" 0 200)" ] ||
+    fail "no projectile in the air during the pause"
+click "$box" 43 60  # "Resume"
+wait_gone "Game Over"
+wait_window "Bob - 0 pts" 30
+settle
+shot "$MATCH" "$WORK/after-paused.ppm"
+paused=$(changed_box "$WORK/before-paused.ppm" "$WORK/after-paused.ppm" 40 "$FIELD_BOTTOM")
+keep "$WORK/paused-1.ppm" paused-flight
+keep "$WORK/after-paused.ppm" after-resumed-throw
+echo "resumed throw: crater at $paused"
+# The collision check runs on its own timer, so a crater may lie a tick of flight away.
+read -r -a a <<<"$plain"
+read -r -a b <<<"$paused"
+[ ${#b[@]} -eq 4 ] || fail "the resumed throw left no mark on the city"
+for i in 0 1 2 3; do
+    d=$((a[i] - b[i]))
+    [ "${d#-}" -le 12 ] || fail "the resumed throw landed at $paused, not at $plain"
+done
+
+# --- flying: Bob types the code and is measured, then throws out of the field -------------
+
+xdotool windowfocus --sync "$MATCH"
+xdotool type --delay 100 '\hop fremble'
+read -r bobL bobT bobR bobB <<<"$(thrower_box bob)"
+[ -n "$bobB" ] || fail "Bob does not move with the arrow keys after \\hop fremble"
+echo "Bob stands at x $bobL to $bobR, y $((bobT + 3)) to $bobB"
+throw 135 999
+wait_window "Ann - [0-9-]* pts" 30
+settle
+
+# Ann flies four steps to the left: 12 pixels.
+read -r annL annT annR annB <<<"$(thrower_box ann)"
+tap Left 4
+sleep 0.3
+shot "$MATCH" "$WORK/ann-left.ppm"
+read -r l _ r _ <<<"$(changed_box "$WORK/ann-a.ppm" "$WORK/ann-left.ppm" 0 "$FIELD_BOTTOM")"
+[ "$r" = "$annR" ] && [ $((annL - l)) -eq 12 ] ||
+    fail "four times Left moved Ann from $annL..$annR to $l..$r, not 12 pixels to the left"
+echo "four times Left: Ann 12 pixels to the left"
+
+# --- the end of the match: Ann flies over Bob and drops a projectile on him ---------------
+
+# A left-side thrower's projectile starts at the left edge of his picture, about 10 pixels left
+# of the figure: that edge goes over Bob's middle.
+dx=$(((bobL + bobR) / 2 + 9 - (annL - 12)))
+if [ "$dx" -ge 0 ]; then tap Right $(((dx + 1) / 3)); else tap Left $(((1 - dx) / 3)); fi
+dy=$((annB - (bobT + 3) + 10))
+[ "$dy" -gt 0 ] && tap Up $(((dy + 2) / 3))
+throw 90 1
+# The final board darkens every odd row of the city: row 101 against row 102 at the left edge.
+board_shown() {
+    import -window "$MATCH" -crop 1x2+5+101 +repage -depth 8 -compress none ppm:- 2>/dev/null |
+        awk 'BEGIN { RS = "[ \t\n]+" } NR > 4 { v[NR - 5] = $0 }
+             END { exit !((v[0] + v[1] + v[2]) * 10 < (v[3] + v[4] + v[5]) * 8) }'
+}
+box_up() { xdotool search --onlyvisible --name '^Game Over$' >/dev/null 2>&1; }
+# The board came between two looks; the box may open no sooner than 5 s after the first of them.
+before_ms=$(now_ms)
+board_ms=
+deadline=$((before_ms + 30000))
+while [ "$(now_ms)" -lt "$deadline" ]; do
+    look_ms=$(now_ms)
+    if board_shown; then
+        board_ms=$look_ms
+        break
+    fi
+    box_up && fail "the box came before the board"
+    before_ms=$look_ms
+    sleep 0.2
+done
+[ -n "$board_ms" ] || fail "no final board after the drop on Bob"
+shot "$MATCH" "$WORK/board.ppm"
+keep "$WORK/board.ppm" final-board
+echo "final board after at most $((board_ms - before_ms)) ms"
+early=$((before_ms + 4800 - $(now_ms)))
+[ "$early" -gt 0 ] && sleep "$(awk -v ms="$early" 'BEGIN { print ms / 1000 }')"
+box_up && fail "the game-over box came less than 5 s after the board"
+wait_window "Game Over" 10
+box=$WIN
+echo "game-over box $(($(now_ms) - board_ms)) ms after the board was seen"
+shot "$box" "$WORK/game-over.ppm"
+keep "$WORK/game-over.ppm" game-over-box
+
+click "$box" 127 60  # "View Credits"
+wait_window "Grumbo Credits"
+credits=$WIN
+wait_gone "Ann - [0-9-]* pts"
+expect_size "$credits" 530x351
+shot "$credits" "$WORK/credits-1.ppm"
+sleep 1
+shot "$credits" "$WORK/credits-2.ppm"
+cmp -s "$WORK/credits-1.ppm" "$WORK/credits-2.ppm" && fail "the credits do not scroll"
+# 34 lines take (351 + 796 + 1) ticks of 25 ms: about 29 s.
+deadline=$(($(now_ms) + 60000))
+done_ms=
+while [ "$(now_ms)" -lt "$deadline" ]; do
+    sleep 2
+    shot "$credits" "$WORK/credits.ppm"
+    outside=$(count_other_than "$WORK/credits.ppm" "0 0 0" 530 160 0 0)
+    outside=$((outside + $(count_other_than "$WORK/credits.ppm" "0 0 0" 530 150 0 200)))
+    middle=$(count_other_than "$WORK/credits.ppm" "0 0 0" 530 40 0 160)
+    if [ "$outside" -eq 0 ] && [ "$middle" -gt 0 ]; then
+        done_ms=$(now_ms)
+        break
+    fi
+done
+[ -n "$done_ms" ] || fail "no \"Credits Completed\" alone on black"
+echo "Credits Completed"
+keep "$WORK/credits.ppm" credits-completed
+keep "$WORK/credits-1.ppm" credits-scrolling
+press "$credits" space
+wait_window "Grumbo 2 - Kravenmoor"
+wait_gone "Grumbo Credits"
+
+# --- a second match from the title screen -------------------------------------------------
+click "$WIN" 286 162  # Start
+setup_and_players
+echo "PASS: pause, resume, start over, flying, the match's end, the credits and a second match"
