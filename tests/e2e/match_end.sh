@@ -26,18 +26,6 @@ tap() {  # tap KEY [TIMES]
     done
 }
 
-# The bounding box "left top right bottom" of the pixels that differ between two shots of one
-# window within rows TOP to BOTTOM; empty when nothing differs.
-changed_box() {  # changed_box FILE1 FILE2 TOP BOTTOM
-    paste -d' ' \
-        <(ppm_pixels 'if (y >= T && y <= B) print x, y, r, g, b' '' "$1" -v T="$3" -v B="$4") \
-        <(ppm_pixels 'if (y >= T && y <= B) print r, g, b' '' "$2" -v T="$3" -v B="$4") |
-        awk '$3 != $6 || $4 != $7 || $5 != $8 {
-                 if (n++ == 0) { l = r = $1; t = b = $2 }
-                 if ($1 < l) l = $1; if ($1 > r) r = $1; if ($2 < t) t = $2; if ($2 > b) b = $2 }
-             END { if (n) print l, t, r, b }'
-}
-
 # With E2E_SHOTS set, keeps a picture there for people to look at.
 keep() {  # keep PPM_FILE NAME
     [ -n "${E2E_SHOTS:-}" ] && mkdir -p "$E2E_SHOTS" && convert "$1" "$E2E_SHOTS/$2.png"

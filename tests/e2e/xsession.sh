@@ -1,6 +1,6 @@
 # Drives the real game on a private X server, as a player would: find windows, click, type, look.
-# Source it, then call e2e_begin with the game's binary. Exits 77 (skipped) when a tool is
-# missing; `./build.sh test` installs them.
+# Source it, then call e2e_begin with the game's binary; E2E_SCREEN=WxH sets the screen size.
+# Exits 77 (skipped) when a tool is missing; `./build.sh test` installs them.
 
 e2e_begin() {  # e2e_begin GAME_BINARY
     GAME=$1
@@ -15,7 +15,7 @@ e2e_begin() {  # e2e_begin GAME_BINARY
     GAME_PID= XVFB_PID=
     trap e2e_end EXIT
     # Xvfb chooses a free display and writes its number, so parallel runs never meet.
-    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$WORK/display" 2>"$WORK/xvfb.log" &
+    Xvfb -displayfd 3 -screen 0 "${E2E_SCREEN:-1024x768}x24" -nolisten tcp 3>"$WORK/display" 2>"$WORK/xvfb.log" &
     XVFB_PID=$!
     local i
     for i in $(seq 100); do [ -s "$WORK/display" ] && break; sleep 0.1; done
@@ -139,4 +139,16 @@ count_changed() {  # count_changed FILE1 FILE2 W H X Y
     a=$(ppm_pixels "if ($inside) print r, g, b" '' "$1" -v W="$3" -v H="$4" -v X="$5" -v Y="$6")
     b=$(ppm_pixels "if ($inside) print r, g, b" '' "$2" -v W="$3" -v H="$4" -v X="$5" -v Y="$6")
     diff <(echo "$a") <(echo "$b") | grep -c '^<' || true
+}
+
+# The bounding box "left top right bottom" of the pixels that differ between two shots of one
+# window within rows TOP to BOTTOM; empty when nothing differs.
+changed_box() {  # changed_box FILE1 FILE2 TOP BOTTOM
+    paste -d' ' \
+        <(ppm_pixels 'if (y >= T && y <= B) print x, y, r, g, b' '' "$1" -v T="$3" -v B="$4") \
+        <(ppm_pixels 'if (y >= T && y <= B) print r, g, b' '' "$2" -v T="$3" -v B="$4") |
+        awk '$3 != $6 || $4 != $7 || $5 != $8 {
+                 if (n++ == 0) { l = r = $1; t = b = $2 }
+                 if ($1 < l) l = $1; if ($1 > r) r = $1; if ($2 < t) t = $2; if ($2 > b) b = $2 }
+             END { if (n) print l, t, r, b }'
 }
