@@ -1,6 +1,6 @@
-// Closing the match window in the middle of long work. The match start's calibration, round
-// building and the hit handling all pump window events, and the close box may be clicked at any
-// of those pumps: the program must then end once, without touching the closed window again.
+// Closing the match window, also in the middle of long work: the match start and the hit
+// handling pump window events, and the close box may be clicked at any of those pumps. The
+// program must then end once, without touching the closed window again.
 #include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,8 +16,8 @@ namespace {
 
 class Closing : public GameTest {
 protected:
-    // Counts the pumps from now on and, at pump `closeAt`, clicks the match window's close box
-    // and lets Qt delete the closed windows right there, as a real event loop may.
+    // At pump `closeAt` from now on, clicks the match window's close box and lets Qt delete the
+    // closed windows right there, as a real event loop may.
     void CountPumps(int closeAt = 0) {
         pumps = 0;
         clock.onPump = [this, closeAt] {
@@ -37,8 +37,7 @@ protected:
         programEnds = 0;
     }
 
-    // A throw straight up into the opponent placed above the thrower's hand: the hit handling,
-    // the victory dance, the turn change and a whole new round follow.
+    // The hit handling, the victory dance, the turn change and a whole new round follow.
     void ThrowIntoTheOpponent(frmGrumbo& f) {
         PutInThePathOfAnUpwardThrow(f, 1);
         f.txtAngle->setText(QStringLiteral("90"));
@@ -51,7 +50,10 @@ protected:
 
 }  // namespace
 
-TEST_F(Closing, AtAnyPumpOfTheCalibrationOrTheFirstRound) {
+TEST_F(Closing, WhileWaitingOrAtAnyPumpOfTheCalibrationOrTheFirstRound) {
+    StartMatch(2);
+    frmGrumbo::Instance().window()->close();
+    ExpectClosedOnce(0);
     CountPumps();
     StartMatch(2);
     StopCounting();

@@ -114,39 +114,38 @@ TEST(Bitmap, RefusesWhatItCannotReadWholeAndSaysWhy) {
     QTemporaryDir dir;
     const QByteArray figure = Figure(44, 70);
     const QByteArray indexed = Bmp(2, 1, {qRgb(0, 0, 0), qRgb(9, 9, 9)}, 8);
-    struct Case {
-        const char* what;
+    using Damage = std::function<void(QByteArray&)>;
+    const auto patch = [](int at, qint64 value, int bytes = 4) -> Damage {
+        return [=](QByteArray& b) { Set(b, at, value, bytes); };
+    };
+    const struct {
         QByteArray base;
-        std::function<void(QByteArray&)> damage;
+        Damage damage;
         const char* reason;
     } cases[] = {
-        {"cut in half", figure, [](QByteArray& b) { b.truncate(b.size() / 2); }, "cut short"},
-        {"last byte gone, no length in the header", figure,
+        {figure, [](QByteArray& b) { b.truncate(b.size() / 2); }, "cut short"},
+        {figure,
          [](QByteArray& b) {
-             Set(b, 2, 0);
+             Set(b, 2, 0);  // no length in the header, and the last byte gone
              b.chop(1);
          },
          "cut short"},
-        {"header claims more than there is", figure, [](QByteArray& b) { Set(b, 2, b.size() + 1); },
-         "cut short"},
-        {"44 x -100000", figure, [](QByteArray& b) { Set(b, 22, -100000); },
-         "size of 44 x -100000"},
-        {"no width", figure, [](QByteArray& b) { Set(b, 18, 0); }, "size of 0 x 70"},
-        {"negative width", figure, [](QByteArray& b) { Set(b, 18, -44); }, "size of -44 x 70"},
-        {"lowest height", figure, [](QByteArray& b) { Set(b, 22, INT32_MIN); },
-         "size of 44 x -2147483648"},
-        {"run-length coded", figure, [](QByteArray& b) { Set(b, 30, 1); }, "does not read"},
-        {"16 bits", figure, [](QByteArray& b) { Set(b, 28, 16, 2); }, "does not read"},
-        {"two planes", figure, [](QByteArray& b) { Set(b, 26, 2, 2); }, "does not read"},
-        {"old header", figure, [](QByteArray& b) { Set(b, 14, 12); }, "kind"},
-        {"pixels inside the header", figure, [](QByteArray& b) { Set(b, 10, 20); }, "overlaps"},
-        {"not a bitmap", QByteArray("GIF89a, as it happens"), [](QByteArray&) {},
-         "not a Windows bitmap"},
-        {"colour beyond the table", indexed, [](QByteArray& b) { b[62] = 2; }, "lacks"},
-        {"table larger than 256", indexed, [](QByteArray& b) { Set(b, 46, 257); }, "table"},
+        {figure, [](QByteArray& b) { Set(b, 2, b.size() + 1); }, "cut short"},
+        {figure, patch(22, -100000), "size of 44 x -100000"},
+        {figure, patch(18, 0), "size of 0 x 70"},
+        {figure, patch(18, -44), "size of -44 x 70"},
+        {figure, patch(22, INT32_MIN), "size of 44 x -2147483648"},
+        {figure, patch(30, 1), "does not read"},      // run-length coded
+        {figure, patch(28, 16, 2), "does not read"},  // 16 bits
+        {figure, patch(26, 2, 2), "does not read"},   // two planes
+        {figure, patch(14, 12), "kind"},              // the old header
+        {figure, patch(10, 20), "overlaps"},          // pixels inside the header
+        {QByteArray("GIF89a, as it happens"), [](QByteArray&) {}, "not a Windows bitmap"},
+        {indexed, patch(62, 2, 1), "lacks"},  // a colour beyond the table
+        {indexed, patch(46, 257), "table"},   // a table larger than 256
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.reason);
         QByteArray bytes = c.base;
         c.damage(bytes);
         const QString path = dir.filePath(QStringLiteral("bad.bmp"));
@@ -196,69 +195,40 @@ TEST_F(BrokenPictures, AreNamedOnceAndAStandInPlays) {
     truncated.truncate(truncated.size() / 2);
     QByteArray upsideDownAndHuge = Figure(44, 70);
     Set(upsideDownAndHuge, 22, -100000);
-    const struct Case {
-        const char* what;
-        QByteArray standing, marker;
-        const char* file;     // the file named, none when nothing is wrong
-        const char* message;  // what the message says of it
-        QSize box;            // the size the character then has
+    const struct {
+        QByteArray standing;
+        const char* message;  // what the message says of the file; none when nothing is wrong
+        QSize box{40, 60};    // the size the character then has
+        QByteArray marker{};
     } cases[] = {
-        {"cut in half",
-         truncated,
-         {},
-         "characters/Broken.bmp",
-         "cannot be read: the file is cut",
-         {40, 60}},
-        {"44 x -100000",
-         upsideDownAndHuge,
-         {},
-         "characters/Broken.bmp",
-         "cannot be read: its header gives it a size of 44 x -100000 pixels",
-         {40, 60}},
-        {"3000 x 3000",
-         Figure(3000, 3000),
-         {},
-         "characters/Broken.bmp",
-         "cannot be read: a character is 30 to 80 pixels wide and 35 to 150 pixels high, and this "
-         "picture is 3000 x 3000",
-         {40, 60}},
-        {"81 x 70",
-         Figure(81, 70),
-         {},
-         "characters/Broken.bmp",
-         "this picture is 81 x 70",
-         {40, 60}},
-        {"29 x 70",
-         Figure(29, 70),
-         {},
-         "characters/Broken.bmp",
-         "this picture is 29 x 70",
-         {40, 60}},
-        {"44 x 151", Figure(44, 151), {}, "characters/Broken.bmp", "cannot be read", {40, 60}},
-        {"44 x 34", Figure(44, 34), {}, "characters/Broken.bmp", "cannot be read", {40, 60}},
-        {"80 x 150", Figure(80, 150), {}, nullptr, nullptr, {80, 150}},
-        {"30 x 35", Figure(30, 35), {}, nullptr, nullptr, {30, 35}},
-        {"missing", {}, {}, "characters/Broken.bmp", "is missing", {40, 60}},
-        {"marker cut short",
-         Figure(44, 70),
-         truncated,
-         "pIndication.bmp",
-         "cannot be read",
-         {44, 70}},
+        {truncated, "cannot be read: the file is cut"},
+        {upsideDownAndHuge, "cannot be read: its header gives it a size of 44 x -100000 pixels"},
+        {Figure(3000, 3000),
+         "cannot be read: a character is 30 to 80 pixels wide and 35 to 150 "
+         "pixels high, and this picture is 3000 x 3000"},
+        {Figure(81, 70), "this picture is 81 x 70"},
+        {Figure(29, 70), "this picture is 29 x 70"},
+        {Figure(44, 151), "this picture is 44 x 151"},
+        {Figure(44, 34), "this picture is 44 x 34"},
+        {Figure(80, 150), nullptr, {80, 150}},
+        {Figure(30, 35), nullptr, {30, 35}},
+        {{}, "is missing"},
+        {Figure(44, 70), "cannot be read", {44, 70}, truncated},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.message ? c.message : "a usable picture");
         UseDataFolder(c.standing, c.marker);
         messages.clear();
         frmGrumbo& f = StartMatch(2);
-        if (c.file) {
+        if (c.message) {
             ASSERT_EQ(messages.size(), 1);
-            const QString file = QFileInfo(Path(QLatin1String(c.file))).absoluteFilePath();
+            const QString file =
+                QFileInfo(Path(QLatin1String(c.marker.isEmpty() ? "characters/Broken.bmp"
+                                                                : "pIndication.bmp")))
+                    .absoluteFilePath();
             EXPECT_TRUE(messages[0].contains(QLatin1Char('"') + file + QLatin1Char('"')));
             EXPECT_TRUE(messages[0].contains(QLatin1String(c.message)))
                 << messages[0].toStdString();
-        } else {
-            EXPECT_TRUE(messages.isEmpty()) << messages.join(QLatin1Char('\n')).toStdString();
         }
         EXPECT_EQ(f.Player[1]->size(), c.box);
         EXPECT_LE(f.Player[1]->Top(), field::kGroundLine);
@@ -269,7 +239,7 @@ TEST_F(BrokenPictures, AreNamedOnceAndAStandInPlays) {
             EXPECT_EQ(f.intMisses[thrower], 1);
         }
         EXPECT_EQ(f.Player[1]->size(), c.box);
-        EXPECT_EQ(messages.size(), c.file ? 1 : 0);
+        EXPECT_EQ(messages.size(), c.message ? 1 : 0) << messages.join('\n').toStdString();
         LeaveMatch();
     }
 }

@@ -1,8 +1,5 @@
-// Whole matches played on the virtual clock with a fixed seed and scripted throws.
+// A whole match played on the virtual clock with a fixed seed and scripted throws.
 #include <QLabel>
-#include <QLineEdit>
-#include <QPixmap>
-#include <cstdlib>
 
 #include "MatchDriver.h"
 #include "TestSupport.h"
@@ -11,80 +8,48 @@
 using namespace testing_support;
 using namespace modMain;
 
-namespace {
-// Enemy hit: the target is put in the path of a straight-up throw. Miss: a fast throw up and
-// backwards that leaves the field over the thrower's own side without touching anything.
-enum class Shot { Hit, Miss };
-}  // namespace
-
-class Play : public GameTest {
-protected:
-    void SetUp() override {
-        GameTest::SetUp();
-        intWindExtremity = 0;  // no wind, so the scripted throws fly the same every time
-        blnWindGusts = false;
-    }
-
-    void Take(frmGrumbo& f, Shot shot, int target = -1) {
-        ASSERT_TRUE(InputOpen(f));
-        if (shot == Shot::Hit) {
-            PutInThePathOfAnUpwardThrow(f, target);
-            ASSERT_TRUE(PlayThrow(clock, f, 90, 50));
-        } else {
-            ASSERT_TRUE(PlayThrow(clock, f, 135, 999));
-        }
-    }
-};
-
-TEST_F(Play, OneVersusOneToTheFragLimit) {
+TEST_F(GameTest, OneVersusOneToTheFragLimit) {
+    intWindExtremity = 0;  // no wind, so the scripted throws fly the same every time
+    blnWindGusts = false;
     intFragLimit = 3;
     frmGrumbo& f = StartMatch(2, 5);
-    // Left hits, right misses, left hits, right hits, left misses, right misses, left hits.
-    struct Step {
-        int thrower;
-        Shot shot;
-        const char* left;
-        const char* right;
-        const char* round;
-    } script[] = {{0, Shot::Hit, "1", "0", "2"},  {1, Shot::Miss, "1", "0", "2"},
-                  {0, Shot::Hit, "2", "0", "3"},  {1, Shot::Hit, "2", "1", "4"},
-                  {0, Shot::Miss, "2", "1", "4"}, {1, Shot::Miss, "2", "1", "4"},
-                  {0, Shot::Hit, "3", "1", "4"}};
-    for (const Step& s : script) {
-        SCOPED_TRACE(testing::Message() << "player " << s.thrower << " round " << s.round);
-        ASSERT_EQ(f.intCurrentPlayer, s.thrower);
-        Take(f, s.shot, 1 - s.thrower);
+    // A hit puts the enemy in the path of a straight-up throw; a miss flies fast up and back out
+    // of the field over the thrower's own side. The board then shows left, right and round.
+    const struct {
+        bool hit;
+        const char *left, *right, *round;
+    } script[] = {{true, "1", "0", "2"}, {false, "1", "0", "2"}, {true, "2", "0", "3"},
+                  {true, "2", "1", "4"}, {false, "2", "1", "4"}, {false, "2", "1", "4"},
+                  {true, "3", "1", "4"}};
+    for (int n = 0; const auto& s : script) {
+        const int thrower = n++ % 2;
+        SCOPED_TRACE(testing::Message() << "throw " << n);
+        ASSERT_TRUE(InputOpen(f));
+        ASSERT_EQ(f.intCurrentPlayer, thrower);
+        if (s.hit) PutInThePathOfAnUpwardThrow(f, 1 - thrower);
+        ASSERT_TRUE(s.hit ? PlayThrow(clock, f, 90, 50) : PlayThrow(clock, f, 135, 999));
         EXPECT_EQ(f.lblLeft->text(), QLatin1String(s.left));
         EXPECT_EQ(f.lblRight->text(), QLatin1String(s.right));
         EXPECT_EQ(f.lblcRound->text(), QLatin1String(s.round));
         if (!MatchOver(f)) {
-            EXPECT_EQ(f.Caption(), strPlayerName[f.intCurrentPlayer] + QStringLiteral(" - ") +
-                                       QString::number(f.lngPoints[f.intCurrentPlayer]) +
-                                       QStringLiteral(" pts"));
-            for (int i = 0; i < 2; ++i)
-                EXPECT_LE(f.Player[i]->Top(), field::kGroundLine) << "both stand again";
+            EXPECT_EQ(f.Caption(), QStringLiteral("Player %1 - %2 pts")
+                                       .arg(f.intCurrentPlayer + 1)
+                                       .arg(f.lngPoints[f.intCurrentPlayer]));
         }
     }
     ASSERT_TRUE(MatchOver(f));
-    // A picture of the board for people to look at, when asked for one.
-    if (const char* dir = getenv("GRUMBO_SHOT_DIR"))
-        f.window()->grab().save(QString::fromLocal8Bit(dir) + QStringLiteral("/final-board.png"));
     EXPECT_EQ(f.intFrags[0], 3);
     EXPECT_EQ(f.intFrags[1], 1);
     EXPECT_EQ(f.intMisses[0], 1);
     EXPECT_EQ(f.intMisses[1], 2);
     EXPECT_EQ(f.lngPoints[0], 75000);
     EXPECT_EQ(f.lngPoints[1], 25000);
-    // The board: the side score, rows for two players, rounds played.
     EXPECT_EQ(f.lbl2->text(), QStringLiteral("3"));
     EXPECT_EQ(f.lbl4->text(), QStringLiteral("1"));
     EXPECT_EQ(f.lblAccuracy[0]->text(), QStringLiteral("75 %"));
     EXPECT_EQ(f.lblAccuracy[1]->text(), QStringLiteral("33 %"));
-    EXPECT_EQ(f.lblPoints[0]->text(), QStringLiteral("75000"));
     EXPECT_EQ(f.lblName[1]->text(), QStringLiteral("Player 2"));
     EXPECT_TRUE(f.lblName[2]->isHidden());
     // A hit without a miss before it always earns a special projectile.
-    int held = 0;
-    for (int k = 1; k <= 3; ++k) held += f.intSpecials[0][k];
-    EXPECT_GE(held, 1);
+    EXPECT_GE(f.intSpecials[0][1] + f.intSpecials[0][2] + f.intSpecials[0][3], 1);
 }

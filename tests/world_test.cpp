@@ -1,5 +1,5 @@
-// The world a round is built in: sky, skyline, characters on their roofs, blending, wind,
-// turn indicator and music, checked on pixels, positions and the virtual clock.
+// The world a round is built in: sky, skyline, characters on their roofs, blending, wind, turn
+// indicator and music, checked on pixels, positions and the virtual clock.
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -17,6 +17,7 @@ using ui::RGB;
 namespace {
 constexpr std::int32_t kLit = RGB(229, 244, 182);
 constexpr std::int32_t kDark = RGB(50, 50, 50);
+constexpr std::int32_t kDaySky = RGB(3, 61, 155);
 
 // Height of the city at column x: rows from the ground up to the first pixel that is not sky.
 int RoofHeight(const frmGrumbo& f, int x) {
@@ -25,21 +26,21 @@ int RoofHeight(const frmGrumbo& f, int x) {
     return 0;
 }
 
-int CentreColumn(const ui::PictureBox& p) { return p.Left() + p.Width() / 2; }
+int LeftOnRoof(const ui::PictureBox& p, int buildingLeft, int buildingWidth) {
+    return static_cast<int>(grumbo::Int(buildingLeft + buildingWidth / 2 - p.Width() / 2.0));
+}
 
-// Checks what any city must satisfy; returns the roof heights seen, column by column.
+// What any city must satisfy.
 void ExpectWellFormedCity(const frmGrumbo& f, int players) {
     ASSERT_EQ(RoofHeight(f, 0), 0) << "column 0 stays sky";
     ASSERT_GT(RoofHeight(f, 719), 0) << "the last building reaches 719";
     ASSERT_EQ(RoofHeight(f, 720), 0) << "and the skyline ends at 720";
-    const std::set<int> nightTops{98, 85, 75}, dayTops{150, 170, 125};
+    const std::set<int> tops = f.blnDay ? std::set<int>{150, 170, 125} : std::set<int>{98, 85, 75};
+    // Columns at multiples of 12 may be the one-pixel sky gap between two buildings.
     for (int x = 1; x < 720; ++x) {
-        // Columns at multiples of 12 may be the one-pixel sky gap between two buildings.
         if (x % 12 == 0) continue;
         const int h = RoofHeight(f, x);
-        ASSERT_EQ(h % 18, 0) << "x " << x;
-        ASSERT_GE(h, 90);
-        ASSERT_LE(h, (intBuildingHeight + 4) * 18);
+        ASSERT_TRUE(h % 18 == 0 && h >= 90 && h <= (intBuildingHeight + 4) * 18) << "x " << x;
         // A building only changes at a multiple of 12 (its body starts one pixel further).
         if (x % 12 != 1) {
             ASSERT_EQ(h, RoofHeight(f, x - 1)) << "x " << x;
@@ -47,22 +48,18 @@ void ExpectWellFormedCity(const frmGrumbo& f, int players) {
         const std::int32_t roof = f.picBld->Point(x, field::kGroundLine - h);
         const int grey = roof & 0xFF;
         ASSERT_EQ(roof, RGB(grey, grey, grey));
-        ASSERT_TRUE((f.blnDay ? dayTops : nightTops).count(grey)) << "roof grey " << grey;
+        ASSERT_TRUE(tops.count(grey)) << "roof grey " << grey;
     }
     // Buildings are numbered from 0 at the left; each player stands on one his index allows.
     const std::set<int> roofs[2][4] = {{{1, 2, 3}, {7, 8, 9}}, {{1, 2}, {3, 4}, {7, 8}, {9, 10}}};
-    const auto building = [&](int column) {
-        int n = -1;
-        const auto city = [&](int x) { return f.picBld->Point(x, 465) != f.picBg->Point(x, 465); };
-        for (int x = 1; x <= column; ++x) n += city(x) && !city(x - 1);
-        return n;
-    };
+    const auto city = [&](int x) { return f.picBld->Point(x, 465) != f.picBg->Point(x, 465); };
     int lastCentre = -1;
     for (int i = 0; i < players; ++i) {
         const ui::PictureBox& p = *f.Player[i];
-        const int c = CentreColumn(p);
-        EXPECT_TRUE(roofs[players / 4][i].count(building(c))) << "player " << i;
-        ASSERT_LE(p.Top(), field::kGroundLine) << "player " << i << " is in play";
+        const int c = p.Left() + p.Width() / 2;
+        int building = -1;
+        for (int x = 1; x <= c; ++x) building += city(x) && !city(x - 1);
+        EXPECT_TRUE(roofs[players / 4][i].count(building)) << "player " << i;
         EXPECT_EQ(p.Top() + p.Height(), field::kGroundLine - RoofHeight(f, c)) << "player " << i;
         EXPECT_GT(c, lastCentre) << "players stand left to right by index";
         lastCentre = c;
@@ -70,42 +67,26 @@ void ExpectWellFormedCity(const frmGrumbo& f, int players) {
 }
 
 // Random numbers that build a known city: per building shade, height and width draws, then one
-// number per window, bottom row first.
+// number per window.
 struct PlannedBuilding {
-    int shade, heightStep, widthStep;  // the draws' results
-    bool lit;                          // all its windows lit or dark
-    int closingWidth = 0;              // the width the skyline's end imposes, if any
+    int shade, heightStep, widthStep;
+    bool lit;              // all its windows lit or dark
+    int closingWidth = 0;  // the width the skyline's end imposes, if any
 };
-std::vector<double> Script(std::vector<double> roof, const std::vector<PlannedBuilding>& city,
-                           bool day, int heightSetting) {
-    std::vector<double> r = std::move(roof);
-    int x = 0;
+std::vector<double> Script(std::vector<double> r, const std::vector<PlannedBuilding>& city,
+                           bool day) {
     for (const PlannedBuilding& b : city) {
         r.push_back(((day ? b.shade - 3 : b.shade) + 0.5) / 3);
-        r.push_back((b.heightStep + 0.5) / heightSetting);
+        r.push_back((b.heightStep + 0.5) / 8);  // the usual building height setting
         r.push_back((b.widthStep + 0.5) / 3);
-        const int w = b.closingWidth ? b.closingWidth : (b.widthStep + 4) * 12,
-                  h = (b.heightStep + 5) * 18;
-        for (int i = 0; i < (h / 18) * (w / 12); ++i) r.push_back(b.lit ? 0.25 : 0.75);
-        x += w;
+        const int w = b.closingWidth ? b.closingWidth : (b.widthStep + 4) * 12;
+        for (int i = 0; i < (b.heightStep + 5) * (w / 12); ++i) r.push_back(b.lit ? 0.25 : 0.75);
     }
     return r;
 }
 }  // namespace
 
 class World : public GameTest {};
-
-TEST_F(World, AnUntouchedSetupOffersTheUsualMatch) {
-    const MatchSettings s = SetupDefaults();
-    EXPECT_EQ(s.dblGravity, 9.8);
-    EXPECT_EQ(s.intFragLimit, 3);
-    EXPECT_EQ(s.intWindExtremity, 20);
-    EXPECT_EQ(s.intBuildingHeight, 8);
-    EXPECT_EQ(s.intGameType, 1);
-    EXPECT_EQ(s.intTimeOfDay, 1);
-    EXPECT_TRUE(s.blnWindGusts);
-    EXPECT_TRUE(s.blnMusic);
-}
 
 TEST_F(World, SkylineIsWellFormedOverManySeeds) {
     for (int players : {2, 4}) {
@@ -129,60 +110,61 @@ TEST_F(World, ScriptedDrawsBuildTheCityTheyDescribe) {
     for (int i = 0; i < 13; ++i) city.push_back({3 + i % 3, i % 8, 0, i % 2 == 0});
     city.push_back({4, 0, 2, true, 48});  // at 624 and 672 the width draw gives way to 48
     city.push_back({4, 0, 2, true, 48});
-    std::vector<double> script = Script({0.0, 0.99}, city, true, 8);
+    std::vector<double> script = Script({0.0, 0.99}, city, true);
     script.insert(script.end(), {0.9, 0.5});  // the round's wind: to the right, 0.11
     grumbo::ScriptRnd(script.data(), script.size());
     f.GameLoad();
-    // Building 5 (x 241..288): shade 5 top grey 125, height (5 + 5) x 18 = 180, windows lit.
+    // Building 5 (x 241..288): shade 5 top grey 125, height (5 + 5) x 18 = 180, windows dark.
     EXPECT_EQ(RoofHeight(f, 241), 180);
     EXPECT_EQ(f.picBld->Point(241, field::kGroundLine - 180), RGB(125, 125, 125));
-    EXPECT_EQ(f.picBld->Point(240 + 4, field::kGroundLine - 14),
-              kDark);  // building 5 is odd: dark windows
+    EXPECT_EQ(f.picBld->Point(240 + 4, field::kGroundLine - 14), kDark);
     EXPECT_EQ(f.picBld->Point(192 + 4, field::kGroundLine - 14), kLit);  // building 4: lit
     EXPECT_EQ(f.picBld->Point(192 + 7, field::kGroundLine - 5), kLit);   // the window's far corner
     EXPECT_NE(f.picBld->Point(192 + 8, field::kGroundLine - 5), kLit);   // its end column is wall
     EXPECT_EQ(RoofHeight(f, 719), 90);
     EXPECT_EQ(RoofHeight(f, 720), 0);
     EXPECT_EQ(RoofHeight(f, 240), 0) << "a one-pixel gap between buildings 4 and 5";
-    // Player 0 on building 1 (x 48..96), player 1 on building 9 (x 432..480), centred, rounded
-    // down.
-    const ui::PictureBox& p0 = *f.Player[0];
-    const ui::PictureBox& p1 = *f.Player[1];
-    EXPECT_EQ(p0.Left(), static_cast<int>(grumbo::Int(48 + 24 - p0.Width() / 2.0)));
-    EXPECT_EQ(p0.Top() + p0.Height(), field::kGroundLine - RoofHeight(f, 72));
-    EXPECT_EQ(p1.Left(), static_cast<int>(grumbo::Int(432 + 24 - p1.Width() / 2.0)));
+    // Player 0 on building 1 (x 48..96), player 1 on building 9 (x 432..480), centred.
+    EXPECT_EQ(f.Player[0]->Left(), LeftOnRoof(*f.Player[0], 48, 48));
+    EXPECT_EQ(f.Player[0]->Top() + f.Player[0]->Height(), field::kGroundLine - RoofHeight(f, 72));
+    EXPECT_EQ(f.Player[1]->Left(), LeftOnRoof(*f.Player[1], 432, 48));
     // The city took exactly its numbers, in order: the wind got the two after them.
     EXPECT_EQ(intWindMode, 2);
     EXPECT_DOUBLE_EQ(dblWind, 0.11);
-}
 
-TEST_F(World, FourPlayersAllStandEvenInATenBuildingCity) {
+    // Four players in a ten-building city: nine 72-wide buildings reach 648, whose closing width
+    // 72 makes ten; the last player's roof draw asks for building 10.
+    LeaveMatch();
     intTimeOfDay = 3;
-    frmGrumbo& f = StartMatch(4);
-    // Nine 72-wide buildings reach 648, whose closing width 72 makes ten; the last player's
-    // roof draw asks for building 10.
-    std::vector<PlannedBuilding> city(9, {1, 2, 2, true});
+    frmGrumbo& g = StartMatch(4);
+    city.assign(9, {1, 2, 2, true});
     city.push_back({0, 0, 0, false, 72});
-    const std::vector<double> script = Script({0.0, 0.0, 0.0, 0.99}, city, false, 8);
+    script = Script({0.0, 0.0, 0.0, 0.99}, city, false);
     grumbo::ScriptRnd(script.data(), script.size());
-    f.GameLoad();
-    ExpectWellFormedCity(f, 4);
-    EXPECT_EQ(f.Player[3]->Left(),
-              static_cast<int>(grumbo::Int(648 + 36 - f.Player[3]->Width() / 2.0)))
-        << "the last player takes the closing building";
+    g.GameLoad();
+    ExpectWellFormedCity(g, 4);
+    EXPECT_EQ(g.Player[3]->Left(), LeftOnRoof(*g.Player[3], 648, 72));
 }
 
-TEST_F(World, SkyGradientRowsAndRounding) {
-    intTimeOfDay = 2;
+TEST_F(World, SkyGradientsAndTheRandomTimeOfDay) {
     frmGrumbo& f = StartMatch(2);
-    EXPECT_EQ(f.picBg->Point(0, 0), RGB(3, 61, 155));
-    EXPECT_EQ(f.picBg->Point(721, 465), RGB(80, 167, 254));
-    EXPECT_EQ(f.picBld->Point(0, 0), RGB(3, 61, 155)) << "the scene starts as a copy of the sky";
-    intTimeOfDay = 3;
-    f.GameLoad();
-    EXPECT_FALSE(f.blnDay);
-    EXPECT_EQ(f.picBg->Point(300, 0), RGB(46, 11, 71));
+    // Random time of day is an even draw between the day and the night sky.
+    for (const double draw : {0.0, 0.4999, 0.5, 0.9999}) {
+        grumbo::ScriptRnd(&draw, 1);
+        f.GameLoad();
+        EXPECT_EQ(f.blnDay, draw < 0.5) << draw;
+        EXPECT_EQ(f.picBg->Point(0, 0), draw < 0.5 ? kDaySky : RGB(46, 11, 71));
+    }
+    for (int time : {2, 3}) {
+        intTimeOfDay = static_cast<grumbo::Integer>(time);
+        f.GameLoad();
+        EXPECT_EQ(f.blnDay, time == 2);
+    }
     EXPECT_EQ(f.picBg->Point(300, 465), RGB(76, 7, 147));
+    intTimeOfDay = 2;
+    f.GameLoad();
+    EXPECT_EQ(f.picBg->Point(721, 465), RGB(80, 167, 254));
+    EXPECT_EQ(f.picBld->Point(0, 0), kDaySky) << "the scene starts as a copy of the sky";
 
     // Half steps round to the even neighbour: 0, .5, 1, 1.5, 2, 2.5 -> 0 0 1 2 2 2.
     ui::Surface s(3, 11, 0);
@@ -194,12 +176,8 @@ TEST_F(World, SkyGradientRowsAndRounding) {
 }
 
 TEST_F(World, LoadingScreenReportsEveryStep) {
-    const struct {
-        int players;
-        std::vector<double> perPlayer;
-    } cases[] = {{2, {67, 77}}, {4, {67, 72, 77, 82}}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.players << " players");
+    for (int players : {2, 4}) {
+        SCOPED_TRACE(testing::Message() << players << " players");
         std::vector<double> progress;
         std::vector<int> bar;  // what the loading screen's bar itself shows
         QStringList status;
@@ -213,41 +191,30 @@ TEST_F(World, LoadingScreenReportsEveryStep) {
             status.push_back(s);
             round = round || s == QStringLiteral("Rendering Sky...");
         };
-        frmGrumbo& f = StartMatch(c.players);
+        frmGrumbo& f = StartMatch(players);
         EXPECT_EQ(status.first(), QStringLiteral("Synchronizing Timers..."));
         QStringList steps{"Rendering Sky...", "Rendering Buildings..."};
-        for (int i = 1; i <= c.players; ++i)
-            steps << QStringLiteral("Rendering Player %1...").arg(i);
+        for (int i = 1; i <= players; ++i) steps << QStringLiteral("Rendering Player %1...").arg(i);
         steps << "Creating Wind...";
         EXPECT_EQ(status.mid(status.indexOf(steps[0]), steps.size()), steps);
-        // Sky 3, scene 5, parking 7, the buildings up to 67, the players, 90, 95, 100.
-        ASSERT_GE(progress.size(), 8u);
-        const std::vector<double> head(progress.begin(), progress.begin() + 3);
-        EXPECT_EQ(head, (std::vector<double>{3, 5, 7}));
-        std::vector<double> tail = c.perPlayer;
+        // Sky 3, scene 5, parking 7, the buildings up to 67, the players from 67 on in steps that
+        // share 20 among them, then 90, 95, 100.
+        std::vector<double> tail{67};
+        for (int i = 0; i < players; ++i) tail.push_back(67 + 20.0 * i / players);
         tail.insert(tail.end(), {90, 95, 100});
+        ASSERT_GE(progress.size(), tail.size() + 3);
+        EXPECT_EQ(std::vector<double>(progress.begin(), progress.begin() + 3),
+                  (std::vector<double>{3, 5, 7}));
         EXPECT_EQ(
             std::vector<double>(progress.end() - static_cast<long>(tail.size()), progress.end()),
             tail);
-        EXPECT_EQ(progress[progress.size() - tail.size() - 1], 67) << "the last building";
-        for (std::size_t i = 1; i < progress.size(); ++i) EXPECT_GE(progress[i], progress[i - 1]);
-        for (std::size_t i = 0; i < progress.size(); ++i)
+        for (std::size_t i = 0; i < progress.size(); ++i) {
+            EXPECT_GE(progress[i], i ? progress[i - 1] : 0);
             EXPECT_EQ(bar[i], static_cast<int>(progress[i]));
+        }
         EXPECT_FALSE(frmLoading::Instance().Loaded()) << "the loading screen closes with the round";
-        EXPECT_TRUE(f.Player[c.players - 1]->isVisible());
+        EXPECT_TRUE(f.Player[players - 1]->isVisible());
         LeaveMatch();
-    }
-}
-
-TEST_F(World, RandomTimeOfDayIsAnEvenDraw) {
-    frmGrumbo& f = StartMatch(2);
-    ASSERT_EQ(intTimeOfDay, 1);
-    for (const double draw : {0.0, 0.4999, 0.5, 0.9999}) {
-        grumbo::ScriptRnd(&draw, 1);
-        f.GameLoad();
-        const bool day = draw < 0.5;
-        EXPECT_EQ(f.blnDay, day) << draw;
-        EXPECT_EQ(f.picBg->Point(0, 0), day ? RGB(3, 61, 155) : RGB(46, 11, 71));
     }
 }
 
@@ -265,9 +232,8 @@ TEST_F(World, CharactersShowTheCityBehindThemOtherBoxesTheSky) {
                 ASSERT_EQ(p.Point(x, y), f.picBld->Point(p.Left() + x, p.Top() + y));
             }
     EXPECT_GT(white, 0);
-
     // The wind box shows the sky, not the buildings, even where it stands in front of one.
-    ui::PictureBox& box = *f.picArrow;
+    const ui::PictureBox& box = *f.picArrow;
     EXPECT_EQ(box.Point(0, 29), f.picBg->Point(box.Left(), box.Top() + 29));
 
     // Only pure white goes; near white stays; a rectangle past the edge is harmless; twice
@@ -279,12 +245,10 @@ TEST_F(World, CharactersShowTheCityBehindThemOtherBoxesTheSky) {
     EXPECT_EQ(ind.Point(1, 1), RGB(254, 255, 255));
     EXPECT_EQ(ind.Point(0, 0), f.picBg->Point(ind.Left(), ind.Top()));
     EXPECT_EQ(ind.Point(3, 3), ui::kWhite) << "outside the rectangle";
-    const ui::Surface once = ind.surface();
     f.MakeTransparent(ind, -1.4f, -1.4f, 10, 10);
     f.MakeTransparent(ind, -1.4f, -1.4f, 10, 10);
     EXPECT_EQ(ind.Point(3, 3), f.picBg->Point(ind.Left() + 3, ind.Top() + 3));
-    EXPECT_EQ(ind.Point(0, 0), once.Point(0, 0));
-
+    EXPECT_EQ(ind.Point(0, 0), f.picBg->Point(ind.Left(), ind.Top()));
     // Screens with a flat background give every white pixel that colour instead.
     ind.SetPicture(ui::Surface(4, 4, ui::kWhite));
     ind.PSet(2, 2, RGB(10, 20, 30));
@@ -295,45 +259,42 @@ TEST_F(World, CharactersShowTheCityBehindThemOtherBoxesTheSky) {
 
 TEST_F(World, WindArrowLengthHeadAndLabel) {
     frmGrumbo& f = StartMatch(2);
-    const std::int32_t grey = RGB(220, 220, 220);
-    struct Case {
+    // Half length L = 2 x Int(wind x 100 / 2) + 2 on the stored double: 0.58 gives 58.
+    const struct {
         double wind;
         int L;
         const char* label;
     } cases[] = {{0, 2, "0 pps"},      {0.01, 2, "1 pps"},  {0.02, 4, "2 pps"},
                  {0.03, 4, "3 pps"},   {0.05, 6, "5 pps"},  {0.21, 22, "21 pps"},
                  {0.36, 38, "36 pps"}, {0.58, 58, "58 pps"}};
-    for (const Case& c : cases) {
-        for (int mode : {1, 2}) {
-            SCOPED_TRACE(testing::Message() << c.wind << " mode " << mode);
+    const ui::PictureBox& a = *f.picArrow;
+    const auto out = [](int x) { return x < 0 || x > 83; };
+    const auto lit = [&](int x, int y) { return out(x) || a.Point(x, y) == RGB(220, 220, 220); };
+    for (const auto& c : cases)
+        for (int dir : {-1, 1}) {
+            SCOPED_TRACE(testing::Message() << c.wind << " towards " << dir);
             dblWind = c.wind;
-            intWindMode = static_cast<grumbo::Integer>(mode);
+            intWindMode = static_cast<grumbo::Integer>(dir < 0 ? 1 : 2);
             f.picArrow->ClearPicture();
             f.DrawWind();
-            EXPECT_EQ(f.lblWind->text(), QString::fromLatin1(c.label));
-            const ui::PictureBox& a = *f.picArrow;
-            const auto lit = [&](int x, int y) { return x < 0 || x > 83 || a.Point(x, y) == grey; };
+            EXPECT_EQ(f.lblWind->text(), QLatin1String(c.label));
             // The shaft runs from 42 - L up to, not including, 42 + L.
-            EXPECT_TRUE(lit(42 - c.L, 6));
-            EXPECT_TRUE(lit(42 + c.L - 1, 6));
-            if (mode == 2 && 42 - c.L - 1 >= 0) {
+            EXPECT_TRUE(lit(42 - c.L, 6) && lit(42 + c.L - 1, 6));
+            if (dir > 0 && c.L < 42) {
                 EXPECT_FALSE(lit(42 - c.L - 1, 5));
             }
             // The head: rows 4 to 8 at the tip's base, 5 to 7 beyond it, then row 6 alone.
-            const int dir = mode == 1 ? -1 : 1;
             const int base = 42 + dir * c.L;
-            const auto outside = [](int x) { return x < 0 || x > 83; };
             for (int y = 3; y <= 9; ++y) {
-                EXPECT_EQ(lit(base, y), (y >= 4 && y <= 8) || outside(base)) << "y " << y;
-                EXPECT_EQ(lit(base + dir, y), (y >= 5 && y <= 7) || outside(base + dir));
-                EXPECT_EQ(lit(base + 2 * dir, y), y == 6 || outside(base + 2 * dir));
+                EXPECT_EQ(lit(base, y), (y >= 4 && y <= 8) || out(base)) << y;
+                EXPECT_EQ(lit(base + dir, y), (y >= 5 && y <= 7) || out(base + dir)) << y;
+                EXPECT_EQ(lit(base + 2 * dir, y), y == 6 || out(base + 2 * dir)) << y;
             }
             const int tail = 42 - dir * c.L;
             if (tail > 0 && tail < 83) {
                 EXPECT_FALSE(lit(tail, 4)) << "only one head";
             }
         }
-    }
     // The label is written in its light grey on the sky: no sky is that light in all three parts.
     f.picArrow->ClearPicture();
     f.MakeTransparent(*f.picArrow);
@@ -359,10 +320,9 @@ TEST_F(World, RoundWindFollowsTheSetting) {
         EXPECT_NEAR(dblWind * 100, h, 1e-9) << "two decimals";
         hundredths.insert(h);
     }
-    EXPECT_EQ(*hundredths.begin() >= 1 && *hundredths.rbegin() <= 21, true);
+    EXPECT_TRUE(*hundredths.begin() >= 1 && *hundredths.rbegin() <= 21);
     EXPECT_GT(hundredths.size(), 10u);
     LeaveMatch();
-
     // No wind means none, even when an earlier match left some behind.
     dblWind = 0.17;
     intWindExtremity = 0;
@@ -371,7 +331,7 @@ TEST_F(World, RoundWindFollowsTheSetting) {
     EXPECT_EQ(g.lblWind->text(), QStringLiteral("0 pps"));
 }
 
-TEST_F(World, IndicatorBobsAndDisappearsAfterFifteenTicks) {
+TEST_F(World, IndicatorBobsFifteenTicksAndACallWhileRunningMovesIt) {
     frmGrumbo& f = StartMatch(2);
     f.intPindCount = 0;
     f.tmrPind.SetEnabled(false);
@@ -391,38 +351,34 @@ TEST_F(World, IndicatorBobsAndDisappearsAfterFifteenTicks) {
         EXPECT_TRUE(f.imgPind->isVisible());
     }
     clock.Advance(125);
-    EXPECT_FALSE(f.imgPind->isVisible());
-    EXPECT_FALSE(f.lblPind->isVisible());
-    EXPECT_FALSE(f.tmrPind.Enabled());
+    EXPECT_FALSE(f.imgPind->isVisible() || f.lblPind->isVisible() || f.tmrPind.Enabled());
     EXPECT_EQ(f.intPindCount, 0);
     // Its white parts took the sky colour, also where a building stands behind.
-    EXPECT_EQ(f.imgPind->Point(0, 0), f.picBg->Point(f.imgPind->Left(), f.imgPind->Top() - 8 * 0));
-}
+    EXPECT_EQ(f.imgPind->Point(0, 0), f.picBg->Point(f.imgPind->Left(), f.imgPind->Top()));
 
-TEST_F(World, IndicatorCalledAgainWhileRunningMovesAndEndsSooner) {
-    frmGrumbo& f = StartMatch(2);
-    f.intPindCount = 0;
-    f.tmrPind.SetEnabled(false);
+    // Called again after four ticks (+8 -4 -4 +8), it moves on from its count.
     f.pIndication();
-    clock.Advance(125 * 4);  // four ticks: +8 -4 -4 +8
+    clock.Advance(125 * 4);
     f.intCurrentPlayer = 1;
     f.pIndication();
-    const ui::PictureBox& p = *f.Player[1];
-    EXPECT_EQ(f.imgPind->Top(), p.Top() - 75);
+    const ui::PictureBox& q = *f.Player[1];
+    EXPECT_EQ(f.imgPind->Top(), q.Top() - 75);
     EXPECT_EQ(f.lblPind->text(), QStringLiteral("Player 2"));
     clock.Advance(125);  // tick 5: -4 from the new place
-    EXPECT_EQ(f.imgPind->Top(), p.Top() - 79);
+    EXPECT_EQ(f.imgPind->Top(), q.Top() - 79);
     clock.Advance(125 * 9);  // ticks 6 to 14
     EXPECT_TRUE(f.imgPind->isVisible());
     clock.Advance(125);
     EXPECT_FALSE(f.imgPind->isVisible()) << "ends 11 ticks after the second call";
 }
 
-TEST_F(World, EveryTuneChangesAtItsLength) {
+TEST_F(World, EveryTuneChangesAtItsLengthAndMusicStopsWithTheScreen) {
     // Seconds each tune plays before the next one starts.
     const int seconds[22] = {233, 177, 297, 225, 371, 162, 270, 416, 112, 62, 272,
                              211, 345, 179, 88,  193, 97,  50,  156, 44,  24, 126};
     frmGrumbo& f = StartMatch(2);
+    ASSERT_EQ(music.commands.size(), 1);
+    EXPECT_TRUE(f.tmrMIDI.Enabled());
     for (int n = 1; n <= 22; ++n) {
         f.intTune = static_cast<grumbo::Integer>(n);
         f.intTuneSeconds = 0;
@@ -434,15 +390,9 @@ TEST_F(World, EveryTuneChangesAtItsLength) {
         EXPECT_EQ(Relative(music.commands[0].mid(6)), QStringLiteral("midi/%1.mid").arg(n));
         EXPECT_TRUE(music.commands[1].startsWith(QStringLiteral("play ")));
         EXPECT_EQ(f.intTuneSeconds, 0);
-        EXPECT_GE(f.intTune, 1);
-        EXPECT_LE(f.intTune, 22);
+        EXPECT_TRUE(f.intTune >= 1 && f.intTune <= 22);
     }
-}
-
-TEST_F(World, MusicTimerRunsOnTheClockAndStopsWithTheScreen) {
-    frmGrumbo& f = StartMatch(2);
-    ASSERT_EQ(music.commands.size(), 1);
-    EXPECT_TRUE(f.tmrMIDI.Enabled());
+    // The timer runs on the clock, once a second.
     f.intTune = 21;
     f.intTuneSeconds = 0;
     f.tmrMIDI.SetEnabled(true);  // the count starts afresh from here
@@ -466,8 +416,16 @@ TEST_F(World, MusicTimerRunsOnTheClockAndStopsWithTheScreen) {
 }
 
 TEST_F(World, SecondMatchResetsScoresButKeepsWhatLivesLonger) {
+    const MatchSettings s = SetupDefaults();
+    EXPECT_EQ(s.dblGravity, 9.8);
+    EXPECT_EQ(s.intFragLimit, 3);
+    EXPECT_EQ(s.intWindExtremity, 20);
+    EXPECT_EQ(s.intBuildingHeight, 8);
+    EXPECT_EQ(s.intGameType, 1);
+    EXPECT_EQ(s.intTimeOfDay, 1);
+    EXPECT_TRUE(s.blnWindGusts && s.blnMusic);
+
     frmGrumbo& f = StartMatch(4);
-    EXPECT_EQ(f.Player.size(), 4u);
     for (QLabel* line : f.lblPlayerPoints) EXPECT_TRUE(line->isVisible());
     f.lngPoints = {100, 200, 300, 400};
     f.intFrags[2] = 3;
@@ -489,9 +447,7 @@ TEST_F(World, SecondMatchResetsScoresButKeepsWhatLivesLonger) {
     EXPECT_TRUE(messages.isEmpty()) << messages.join(QLatin1Char('\n')).toStdString();
     EXPECT_EQ(g.Player.size(), 2u) << "the extra boxes of the earlier match are gone";
     EXPECT_EQ(g.lngPoints, (std::array<grumbo::Long, 4>{0, 0, 0, 0}));
-    EXPECT_EQ(g.intFrags[2], 0);
-    EXPECT_EQ(g.intMisses[1], 0);
-    EXPECT_EQ(g.intCurrentPlayer, 0);
+    EXPECT_EQ(g.intFrags[2] + g.intMisses[1] + g.intCurrentPlayer, 0);
     EXPECT_EQ(g.lblcRound->text(), QStringLiteral("1"));
     EXPECT_EQ(g.Caption(), QStringLiteral("Player 1 - 0 pts"));
     EXPECT_EQ(g.intSpecials[1][2], 1);
@@ -499,27 +455,19 @@ TEST_F(World, SecondMatchResetsScoresButKeepsWhatLivesLonger) {
     EXPECT_TRUE(g.blnFlying);
     EXPECT_EQ(g.intFrame, 3);
     EXPECT_EQ(g.intTickDivisor, 10);
-}
 
-TEST_F(World, NewRoundKeepsScoresRoundAndTurn) {
-    frmGrumbo& f = StartMatch(2);
-    f.lngPoints[1] = 2500;
-    f.intMisses[1] = 2;
-    f.intCurrentPlayer = 1;
-    f.strFragged = QStringLiteral("0");
-    f.GameLoad();
-    EXPECT_EQ(f.Caption(), QStringLiteral("Player 2 - 2500 pts"));
-    EXPECT_EQ(f.intMissMark[1], 2);
-    EXPECT_TRUE(f.strFragged.isEmpty());
-    EXPECT_FALSE(f.blnRoundOver);
+    // A new round keeps scores, misses and the turn.
+    g.lngPoints[1] = 2500;
+    g.intMisses[1] = 2;
+    g.intCurrentPlayer = 1;
+    g.strFragged = QStringLiteral("0");
+    g.GameLoad();
+    EXPECT_EQ(g.Caption(), QStringLiteral("Player 2 - 2500 pts"));
+    EXPECT_EQ(g.intMissMark[1], 2);
+    EXPECT_TRUE(g.strFragged.isEmpty());
+    EXPECT_FALSE(g.blnRoundOver);
     // The projectile waits at the right-side thrower's hand: right edges together, 11 px above.
-    EXPECT_EQ(f.imgProjectile->Left() + f.imgProjectile->Width(),
-              f.Player[1]->Left() + f.Player[1]->Width());
-    EXPECT_EQ(f.intHandY, f.Player[1]->Top() - 11);
-}
-
-TEST_F(World, ClosingTheMatchWindowDuringAMatchEndsTheProgram) {
-    frmGrumbo& f = StartMatch(2);
-    f.window()->close();
-    EXPECT_EQ(programEnds, 1);
+    EXPECT_EQ(g.imgProjectile->Left() + g.imgProjectile->Width(),
+              g.Player[1]->Left() + g.Player[1]->Width());
+    EXPECT_EQ(g.intHandY, g.Player[1]->Top() - 11);
 }
