@@ -1,5 +1,8 @@
 #include "MatchExitSupport.h"
 
+#include <QLabel>
+#include <QPushButton>
+
 #include "MatchDriver.h"
 #include "modmain/modMain.h"
 #include "screens/frmCredits.h"
@@ -10,17 +13,24 @@
 namespace testing_support {
 
 namespace {
+// The match screen outlives its window, and with it the typed modes.
 void SwitchOffModes() {
     frmGrumbo& f = frmGrumbo::Instance();
     f.strCode.clear();
     f.blnFlying = f.blnAllProjectiles = f.blnInvulnerable = false;
     for (auto& held : f.intSpecials) held.fill(0);
+    ui::Keyboard::instance().Reset();
 }
 }  // namespace
 
+QStringList BoxTexts() {
+    const frmEndgame& box = frmEndgame::Instance();
+    return {box.lblCaption->text(), box.cmdPlay->text(), box.cmdCredits->text(),
+            box.cmdQuit->text()};
+}
+
 void MatchExitTest::SetUp() {
     GameTest::SetUp();
-    keyboard.Reset();
     SwitchOffModes();
 }
 
@@ -28,13 +38,11 @@ void MatchExitTest::TearDown() {
     // The credits lead to the title screen when they close, so they go first.
     frmCredits::Instance().Unload();
     clock.Advance(5);
-    for (ui::Form* screen : {static_cast<ui::Form*>(&frmSplash::Instance()),
-                             static_cast<ui::Form*>(&frmSetup::Instance())})
-        screen->Unload();
+    frmSplash::Instance().Unload();
+    frmSetup::Instance().Unload();
     GameTest::TearDown();
     // The box goes with the match window it stands over.
     EXPECT_FALSE(frmEndgame::Instance().Loaded());
-    keyboard.Reset();
     SwitchOffModes();
 }
 
@@ -46,10 +54,8 @@ void MatchExitTest::Tap(int vk) {
 }
 
 void MatchExitTest::TypeKeys(const QString& text) {
-    for (const QChar c : text) {
-        if (c == QLatin1Char('\\')) Tap(ui::VkBackslash);
-        else Tap(c.toUpper().unicode());
-    }
+    for (const QChar c : text)
+        Tap(c == QLatin1Char('\\') ? int{ui::VkBackslash} : c.toUpper().unicode());
 }
 
 frmGrumbo& MatchExitTest::PlayToTheFinalBoard() {

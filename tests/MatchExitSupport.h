@@ -1,8 +1,7 @@
 #pragma once
 // Ground for tests of the keyboard trap and the screens around a match: keys held for a poll of
-// the trap, the boxes and screens closed after each test, and the modes that a match screen keeps
-// from one match to the next switched off again.
-#include <QString>
+// the trap, and the boxes, screens and typed modes of one test gone before the next.
+#include <QStringList>
 
 #include "TestSupport.h"
 #include "ui/Keyboard.h"
@@ -11,6 +10,11 @@ namespace testing_support {
 
 // The trap polls every 20 ms: a key held this long is seen by exactly one poll.
 constexpr int kPollMs = 20;
+
+// The box's caption and its three buttons, in its two uses.
+const QStringList kPausedBox{"Game Paused", "Resume", "Start Over", "Quit"};
+const QStringList kGameOverBox{"Thanks for Playing", "Play Again", "View Credits", "Quit"};
+QStringList BoxTexts();
 
 class MatchExitTest : public GameTest {
 protected:

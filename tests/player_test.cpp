@@ -37,18 +37,28 @@ protected:
     }
 };
 
-TEST_F(PlayerSelection, ShippedFolderOffersTheSixWithClassicGrumboFirst) {
+TEST_F(PlayerSelection, ShippedFolderOffersTheSixAndTheNameBoxTakesFifteenCharacters) {
     frmPlayer& p = Open();
     EXPECT_EQ(p.window()->size(), QSize(240, 229));
     EXPECT_EQ(p.Caption(), "Player 1");
     EXPECT_EQ(Listed(p), (QStringList{"Classic Grumbo", "Rapper Grumbo", "Robo Grumbo",
                                       "Sorcerer Grumbo", "Space Grumbo", "Suit Grumbo"}));
-    EXPECT_EQ(p.FlatScroll->Min(), 0);
     EXPECT_EQ(p.FlatScroll->Max(), 5);
-    EXPECT_EQ(p.FlatScroll->Value(), 0);
     EXPECT_EQ(p.txtName->text(), "Classic Grumbo");
     EXPECT_EQ(QSize(p.imgPlayer->Width(), p.imgPlayer->Height()), ShippedSize("Classic Grumbo"));
     EXPECT_EQ(Sounds(), QStringList{"sounds/classicG.wav"}) << "once, on loading";
+
+    p.cmdOk->click();
+    QTest::keyClick(p.txtPname, Qt::Key_Return);
+    EXPECT_EQ(messages, (QStringList{"Enter a player name", "Enter a player name"}));
+    EXPECT_EQ(p.Caption(), "Player 1");
+    QTest::keyClicks(p.txtPname, "ABCDEFGHIJKLMNOP");
+    EXPECT_EQ(p.txtPname->text(), "ABCDEFGHIJKLMNO");
+    QTest::keyClick(p.txtPname, Qt::Key_Return);  // Enter acts as Next
+    EXPECT_EQ(p.Caption(), "Player 2");
+    EXPECT_EQ(strPlayerName[0], "ABCDEFGHIJKLMNO");
+    EXPECT_EQ(strCharacter[0], "Classic Grumbo");
+    EXPECT_TRUE(p.txtPname->text().isEmpty());
 }
 
 TEST_F(PlayerSelection, FolderScanRules) {
@@ -136,21 +146,6 @@ TEST_F(PlayerSelection, EveryNameChangeBetweenTheArrowsPlaysItsSoundAndSecretsUn
                            "sounds/spaceG.wav", "sounds/suitG.wav", "sounds/spaceG.wav",
                            "sounds/sorcererG.wav", "sounds/dunikG.wav", "sounds/vostrelG.wav",
                            "sounds/dunikG.wav"}));
-}
-
-TEST_F(PlayerSelection, NameBoxTakesFifteenCharactersAndEnterActsAsNext) {
-    frmPlayer& p = Open();
-    p.cmdOk->click();
-    QTest::keyClick(p.txtPname, Qt::Key_Return);
-    EXPECT_EQ(messages, (QStringList{"Enter a player name", "Enter a player name"}));
-    EXPECT_EQ(p.Caption(), "Player 1");
-    QTest::keyClicks(p.txtPname, "ABCDEFGHIJKLMNOP");
-    EXPECT_EQ(p.txtPname->text(), "ABCDEFGHIJKLMNO");
-    QTest::keyClick(p.txtPname, Qt::Key_Return);
-    EXPECT_EQ(p.Caption(), "Player 2");
-    EXPECT_EQ(strPlayerName[0], "ABCDEFGHIJKLMNO");
-    EXPECT_EQ(strCharacter[0], "Classic Grumbo");
-    EXPECT_TRUE(p.txtPname->text().isEmpty());
 }
 
 TEST_F(PlayerSelection, LastPassStartsTheMatchWithTheChosenNamesAndCharacters) {
