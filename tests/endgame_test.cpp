@@ -1,24 +1,16 @@
 // The box over the match in both its uses, game over and pause: when it opens, what its buttons
 // lead to, and what a second match after "Play Again" starts with.
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <tuple>
 
-#include "MatchDriver.h"
-#include "MatchExitSupport.h"
-#include "modmain/modMain.h"
-#include "screens/frmCredits.h"
-#include "screens/frmEndgame.h"
-#include "screens/frmSetup.h"
-#include "screens/frmSplash.h"
+#include "ScreensSupport.h"
 
 using namespace testing_support;
 using namespace modMain;
 
 namespace {
-class Endgame : public MatchExitTest {
+class Endgame : public ScreensTest {
 protected:
     frmEndgame& box = frmEndgame::Instance();
 };

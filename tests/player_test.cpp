@@ -1,15 +1,9 @@
 // Player selection: the folder scan, the centred see-through preview, the character sounds, the
 // secret names, the name box, and the passes that end in the match.
 #include <QFile>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 
 #include "ScreensSupport.h"
-#include "modmain/modMain.h"
-#include "screens/frmPlayer.h"
-#include "screens/frmSetup.h"
 #include "ui/PictureBox.h"
 
 using namespace testing_support;

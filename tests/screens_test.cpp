@@ -1,22 +1,14 @@
 // The way into a match: the title screen, the setup screen, and the flow between them, player
 // selection and the match, driven as the players click through it on the virtual clock.
-#include <QApplication>
 #include <QCheckBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
-#include <QPushButton>
 #include <QSlider>
-#include <QTest>
 #include <array>
 #include <tuple>
 
 #include "ScreensSupport.h"
 #include "app/ScreenFlow.h"
-#include "modmain/modMain.h"
-#include "screens/frmPlayer.h"
-#include "screens/frmSetup.h"
-#include "screens/frmSplash.h"
 #include "ui/PictureBox.h"
 
 using namespace testing_support;

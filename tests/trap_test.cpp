@@ -1,17 +1,10 @@
 // The keyboard trap of the match screen: the key test, typed codes, flying with the arrow keys,
 // and Escape pausing a flight that "Resume" lets fly on, on the virtual clock.
-#include <QApplication>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 #include <map>
 
-#include "MatchDriver.h"
-#include "MatchExitSupport.h"
-#include "modmain/modMain.h"
-#include "screens/frmEndgame.h"
+#include "ScreensSupport.h"
 
 using namespace testing_support;
 using namespace modMain;
@@ -24,7 +17,7 @@ struct Shot {
     int misses = 0;
 };
 
-class Trap : public MatchExitTest {
+class Trap : public ScreensTest {
 protected:
     bool Played(const char* sound) {
         return std::any_of(effects.played.begin(), effects.played.end(),
@@ -90,7 +83,9 @@ Shot Trap::Throw(frmGrumbo& f, bool pause) {
 
 }  // namespace
 
-TEST_F(Trap, KeyCountsWhenItWentDownSinceTheLastPollAndIsStillDown) {
+TEST_F(Trap, KeysReachTheTrapWithTheirCodesOncePerPressAndRepeat) {
+    frmGrumbo& f = StartMatch(2);
+    // A key counts when it went down since the last poll and is still down.
     keyboard.Press('A');
     EXPECT_TRUE(keyboard.GetAsyncKeyState('A'));
     EXPECT_FALSE(keyboard.GetAsyncKeyState('A')) << "still down, but not pressed again";
@@ -101,10 +96,8 @@ TEST_F(Trap, KeyCountsWhenItWentDownSinceTheLastPollAndIsStillDown) {
     keyboard.Press('B');
     EXPECT_FALSE(keyboard.GetAsyncKeyState('A')) << "another key";
     EXPECT_TRUE(keyboard.GetAsyncKeyState('B'));
-}
-
-TEST_F(Trap, AHeldKeyRepeatsAsATypedOneDoes) {
-    frmGrumbo& f = StartMatch(2);
+    keyboard.Release('B');
+    // A held key repeats for the trap as a typed one does.
     const auto send = [&](QEvent::Type type, bool repeat) {
         QKeyEvent e(type, Qt::Key_Right, Qt::NoModifier, QString(), repeat);
         QApplication::sendEvent(f.txtAngle, &e);
@@ -121,10 +114,7 @@ TEST_F(Trap, AHeldKeyRepeatsAsATypedOneDoes) {
     send(QEvent::KeyPress, true);  // a stray repeat after the release
     send(QEvent::KeyRelease, false);
     EXPECT_FALSE(keyboard.GetAsyncKeyState(ui::VkRight));
-}
 
-TEST_F(Trap, KeysTypedIntoTheAimingBoxesReachTheTrapWithTheirCodes) {
-    frmGrumbo& f = StartMatch(2);
     struct {
         Qt::Key key;
         Qt::KeyboardModifiers mods;
@@ -169,6 +159,19 @@ TEST_F(Trap, CodesNeedTheBackslashIgnoreCaseAndEndAtTheTwelfthCharacter) {
     TypeKeys(QStringLiteral("q "));
     EXPECT_EQ(f.strCode, QString()) << "and keys are ignored until the next backslash";
 
+    // A space and a letter held from before the backslash do not count once the code has
+    // started: the polls before it took them.
+    keyboard.Press(ui::VkSpace);
+    keyboard.Press('H');
+    clock.Advance(kPollMs);
+    Tap(ui::VkBackslash);
+    clock.Advance(kPollMs);
+    keyboard.Release(ui::VkSpace);
+    keyboard.Release('H');
+    EXPECT_EQ(f.strCode, QStringLiteral("\\"));
+    TypeKeys(QStringLiteral("a b"));
+    EXPECT_EQ(f.strCode, QStringLiteral("\\A B"));
+
     // A backslash starts over; the keypad's 1 types "a" and F1 types "p".
     TypeKeys(QStringLiteral("\\zax\\z"));
     EXPECT_EQ(f.strCode, QStringLiteral("\\Z"));
@@ -189,22 +192,6 @@ TEST_F(Trap, CodesNeedTheBackslashIgnoreCaseAndEndAtTheTwelfthCharacter) {
     EXPECT_TRUE(effects.played.isEmpty()) << "the third code has no sound";
 }
 
-TEST_F(Trap, KeysBeforeTheBackslashAreGoneWhenACodeStarts) {
-    frmGrumbo& f = StartMatch(2);
-    // A space and a letter held from before the backslash do not count once the code has
-    // started: the polls before it took them.
-    keyboard.Press(ui::VkSpace);
-    keyboard.Press('H');
-    clock.Advance(kPollMs);
-    Tap(ui::VkBackslash);
-    clock.Advance(kPollMs);
-    keyboard.Release(ui::VkSpace);
-    keyboard.Release('H');
-    EXPECT_EQ(f.strCode, QStringLiteral("\\"));
-    TypeKeys(QStringLiteral("a b"));
-    EXPECT_EQ(f.strCode, QStringLiteral("\\A B"));
-}
-
 TEST_F(Trap, AllProjectilesFromTheNextTurnOn) {
     intWindExtremity = 0;
     frmGrumbo& f = StartMatch(2);
@@ -215,7 +202,7 @@ TEST_F(Trap, AllProjectilesFromTheNextTurnOn) {
     for (int k = 1; k <= 3; ++k) EXPECT_TRUE(f.picSelect[k]->isVisible()) << k;
 }
 
-TEST_F(Trap, ArrowKeysFlyTheThrowerAndReparkTheProjectile) {
+TEST_F(Trap, ArrowKeysFlyTheThrowerSeeThroughAndReparkTheProjectile) {
     frmGrumbo& f = StartMatch(2);
     ui::PictureBox& p = *f.Player[0];
     const int left = p.Left(), top = p.Top();
@@ -259,6 +246,23 @@ TEST_F(Trap, ArrowKeysFlyTheThrowerAndReparkTheProjectile) {
     EXPECT_EQ(f.strCode, QStringLiteral("\\H"));
     keyboard.Release(ui::VkDown);
     keyboard.Release('H');
+
+    // A moved thrower is redrawn see-through at his new place.
+    ui::Surface bitmap;
+    ASSERT_TRUE(bitmap.Load(DataFile(QStringLiteral("characters/Classic Grumbo.bmp"))));
+    p.PSet(1, 1, ui::RGB(255, 0, 0));  // something drawn over the picture
+    for (int i = 0; i < 10; ++i) Tap(ui::VkUp);
+    int seeThrough = 0;
+    for (int y = 0; y < bitmap.Height(); ++y) {
+        for (int x = 0; x < bitmap.Width(); ++x) {
+            const std::int32_t want = bitmap.Point(x, y) == ui::kWhite
+                                          ? f.picBld->Point(p.Left() + x, p.Top() + y)
+                                          : bitmap.Point(x, y);
+            ASSERT_EQ(p.Point(x, y), want) << x << "," << y;
+            seeThrough += bitmap.Point(x, y) == ui::kWhite;
+        }
+    }
+    EXPECT_GT(seeThrough, 100);
 }
 
 TEST_F(Trap, ArrowKeysDuringTheMatchStartWaitForTheThrower) {
@@ -278,27 +282,6 @@ TEST_F(Trap, ArrowKeysDuringTheMatchStartWaitForTheThrower) {
     ASSERT_GT(held, 100);
     EXPECT_EQ(f.intCurrentPlayer, 0);
     EXPECT_LE(f.Player[0]->Top(), field::kGroundLine) << "the first round stands";
-}
-
-TEST_F(Trap, AMovedThrowerIsRedrawnSeeThroughAtItsNewPlace) {
-    frmGrumbo& f = StartMatch(2);
-    TypeKeys(QStringLiteral("\\hop fremble"));
-    ui::PictureBox& p = *f.Player[0];
-    ui::Surface bitmap;
-    ASSERT_TRUE(bitmap.Load(DataFile(QStringLiteral("characters/Classic Grumbo.bmp"))));
-    p.PSet(1, 1, ui::RGB(255, 0, 0));  // something drawn over the picture
-    for (int i = 0; i < 10; ++i) Tap(ui::VkUp);
-    int seeThrough = 0;
-    for (int y = 0; y < bitmap.Height(); ++y) {
-        for (int x = 0; x < bitmap.Width(); ++x) {
-            const std::int32_t want = bitmap.Point(x, y) == ui::kWhite
-                                          ? f.picBld->Point(p.Left() + x, p.Top() + y)
-                                          : bitmap.Point(x, y);
-            ASSERT_EQ(p.Point(x, y), want) << x << "," << y;
-            seeThrough += bitmap.Point(x, y) == ui::kWhite;
-        }
-    }
-    EXPECT_GT(seeThrough, 100);
 }
 
 TEST_F(Trap, ResumedFlightLandsWhereAnUninterruptedOneDoes) {
