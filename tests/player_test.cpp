@@ -55,9 +55,9 @@ TEST_F(PlayerSelection, ShippedFolderOffersTheSixAndTheNameBoxTakesFifteenCharac
     EXPECT_TRUE(p.txtPname->text().isEmpty());
 }
 
-TEST_F(PlayerSelection, FolderScanRules) {
+TEST_F(PlayerSelection, FolderScanRulesAndTheCentredSeeThroughPreview) {
     UseOwnDataFolder();
-    WriteCharacter("beta", 40, 60);  // sorted by letter, whatever the case
+    WriteCharacter("beta", 33, 58);  // sorted by letter, whatever the case
     WriteCharacter("Alpha", 40, 60);
     WriteCharacter("Corner", 80, 150);  // the limits themselves are inside
     WriteCharacter("Least", 30, 35);
@@ -82,8 +82,19 @@ TEST_F(PlayerSelection, FolderScanRules) {
     frmPlayer& p = Open();
     EXPECT_EQ(Listed(p), (QStringList{"Alpha", "beta", "Corner", "Least"}));
     EXPECT_EQ(p.FlatScroll->Max(), 3);
+    // The preview stands centred and see-through. Left 120 - 20, top 114.5 - 30 = 84.5, which
+    // rounds to the even 84.
+    EXPECT_EQ(p.imgPlayer->Left(), 100);
+    EXPECT_EQ(p.imgPlayer->Top(), 84);
+    EXPECT_EQ(p.imgPlayer->Point(0, 0),
+              ui::FromQRgb(p.window()->palette().color(QPalette::Window).rgb()));
+    EXPECT_EQ(p.imgPlayer->Point(20, 30), ui::FromQRgb(kBody));
     ClickArrow(p.FlatScroll, +1);
     EXPECT_EQ(p.txtName->text(), "beta");
+    // Left 120 - 16.5 = 103.5 and top 114.5 - 29 = 85.5 round to the even 104 and 86.
+    EXPECT_EQ(QSize(p.imgPlayer->Width(), p.imgPlayer->Height()), QSize(33, 58));
+    EXPECT_EQ(p.imgPlayer->Left(), 104);
+    EXPECT_EQ(p.imgPlayer->Top(), 86);
     EXPECT_EQ(Sounds(), QStringList{"sounds/classicG.wav"}) << "a character of our own is silent";
 }
 
@@ -98,24 +109,6 @@ TEST_F(PlayerSelection, ListStopsAt41NamesAndASecretNameAddsNoFortySecond) {
     EXPECT_EQ(p.FlatScroll->Max(), 40);
     EXPECT_EQ(p.txtName->text(), "C00");
     EXPECT_EQ(p.txtPname->text(), "vostrel");
-}
-
-TEST_F(PlayerSelection, PreviewStandsCentredAndSeeThrough) {
-    UseOwnDataFolder();
-    WriteCharacter("Even", 40, 60);
-    WriteCharacter("Odd", 33, 58);
-    frmPlayer& p = Open();
-    // Left 120 - 20, top 114.5 - 30 = 84.5, which rounds to the even 84.
-    EXPECT_EQ(p.imgPlayer->Left(), 100);
-    EXPECT_EQ(p.imgPlayer->Top(), 84);
-    EXPECT_EQ(p.imgPlayer->Point(0, 0),
-              ui::FromQRgb(p.window()->palette().color(QPalette::Window).rgb()));
-    EXPECT_EQ(p.imgPlayer->Point(20, 30), ui::FromQRgb(kBody));
-    ClickArrow(p.FlatScroll, +1);
-    // Left 120 - 16.5 = 103.5 and top 114.5 - 29 = 85.5 round to the even 104 and 86.
-    EXPECT_EQ(QSize(p.imgPlayer->Width(), p.imgPlayer->Height()), QSize(33, 58));
-    EXPECT_EQ(p.imgPlayer->Left(), 104);
-    EXPECT_EQ(p.imgPlayer->Top(), 86);
 }
 
 TEST_F(PlayerSelection, EveryNameChangeBetweenTheArrowsPlaysItsSoundAndSecretsUnlock) {
