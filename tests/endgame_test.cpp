@@ -1,23 +1,16 @@
 // The box over the match in both its uses, game over and pause: when it opens, what its buttons
 // lead to, and what a second match after "Play Again" starts with.
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRegularExpression>
+#include <tuple>
 
-#include "MatchDriver.h"
-#include "MatchExitSupport.h"
-#include "modmain/modMain.h"
-#include "screens/frmCredits.h"
-#include "screens/frmEndgame.h"
-#include "screens/frmSetup.h"
-#include "screens/frmSplash.h"
+#include "ScreensSupport.h"
 
 using namespace testing_support;
 using namespace modMain;
 
 namespace {
-class Endgame : public MatchExitTest {
+class Endgame : public ScreensTest {
 protected:
     frmEndgame& box = frmEndgame::Instance();
 };
@@ -25,9 +18,13 @@ protected:
 QRgb Pixel(const QImage& image, int x, int y) { return image.pixel(x, y) | 0xFF000000u; }
 }  // namespace
 
-TEST_F(Endgame, OpensFiveSecondsAfterTheFinalBoardWithARaisedEdge) {
+TEST_F(Endgame, OpensFiveSecondsAfterTheFinalBoardWithItsOwnCaptionsAndARaisedEdge) {
     intFragLimit = 1;
     frmGrumbo& f = StartMatch(2);
+    // A pause before leaves the game-over box its own captions.
+    Tap(ui::VkEscape);
+    ASSERT_EQ(BoxTexts(), kPausedBox);
+    box.cmdPlay->click();
     PutInThePathOfAnUpwardThrow(f, 1);
     std::int32_t boardAt = 0, boxAt = 0;
     clock.onPump = [&] {
@@ -41,10 +38,7 @@ TEST_F(Endgame, OpensFiveSecondsAfterTheFinalBoardWithARaisedEdge) {
     EXPECT_GE(boxAt - boardAt, 5000);
     EXPECT_LT(boxAt - boardAt, 5100);
 
-    EXPECT_EQ(box.lblCaption->text(), QStringLiteral("Thanks for Playing"));
-    EXPECT_EQ(box.cmdPlay->text(), QStringLiteral("Play Again"));
-    EXPECT_EQ(box.cmdCredits->text(), QStringLiteral("View Credits"));
-    EXPECT_EQ(box.cmdQuit->text(), QStringLiteral("Quit"));
+    EXPECT_EQ(BoxTexts(), kGameOverBox);
     EXPECT_FALSE(f.picUI->isEnabled());
     QWidget* w = box.window();
     EXPECT_EQ(w->size(), QSize(256, 78));
@@ -105,6 +99,7 @@ TEST_F(Endgame, EveryButtonOfBothUsesLeadsWhereItShould) {
                 << "the music stops with the match";
         } else {
             EXPECT_TRUE(f.picUI->isEnabled());
+            EXPECT_FALSE(f.tmrMain.Enabled()) << "no flight starts";
         }
         for (ui::Form* s : screens) EXPECT_EQ(s->Loaded(), s == row.shown);
 
@@ -113,20 +108,6 @@ TEST_F(Endgame, EveryButtonOfBothUsesLeadsWhereItShould) {
         LeaveMatch();
         programEnds = 0;
     }
-}
-
-TEST_F(Endgame, AfterAPauseTheGameOverBoxHasItsOwnCaptionsAgain) {
-    intFragLimit = 1;
-    frmGrumbo& f = StartMatch(2);
-    Tap(ui::VkEscape);
-    ASSERT_EQ(box.cmdPlay->text(), QStringLiteral("Resume"));
-    box.cmdPlay->click();
-    PutInThePathOfAnUpwardThrow(f, 1);
-    ASSERT_TRUE(PlayThrow(clock, f, 90, 50));
-    ASSERT_TRUE(WaitForBox());
-    EXPECT_EQ(box.lblCaption->text(), QStringLiteral("Thanks for Playing"));
-    EXPECT_EQ(box.cmdPlay->text(), QStringLiteral("Play Again"));
-    EXPECT_EQ(box.cmdCredits->text(), QStringLiteral("View Credits"));
 }
 
 TEST_F(Endgame, ASecondMatchAfterPlayAgainStartsAfreshButKeepsWhatNothingResets) {
@@ -153,15 +134,11 @@ TEST_F(Endgame, ASecondMatchAfterPlayAgainStartsAfreshButKeepsWhatNothingResets)
     f.Show();
     ASSERT_TRUE(f.Loaded());
     EXPECT_TRUE(blnInMatch);
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(f.lngPoints[i], 0);
-        EXPECT_EQ(f.intFrags[i], 0);
-        EXPECT_EQ(f.intMisses[i], 0);
-    }
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(std::tuple(f.lngPoints[i], f.intFrags[i], f.intMisses[i]), std::tuple(0, 0, 0));
     EXPECT_EQ(f.intCurrentPlayer, 0);
-    EXPECT_EQ(f.lblcRound->text(), QStringLiteral("1"));
-    EXPECT_EQ(f.lblLeft->text(), QStringLiteral("0"));
-    EXPECT_EQ(f.lblRight->text(), QStringLiteral("0"));
+    const QStringList board{f.lblcRound->text(), f.lblLeft->text(), f.lblRight->text()};
+    EXPECT_EQ(board, (QStringList{"1", "0", "0"}));
     EXPECT_FALSE(f.lbl1->isVisible()) << "no final board";
     EXPECT_TRUE(f.picUI->isEnabled());
     EXPECT_EQ(f.Player.size(), 2u);
@@ -177,7 +154,6 @@ TEST_F(Endgame, ASecondMatchAfterPlayAgainStartsAfreshButKeepsWhatNothingResets)
     ASSERT_TRUE(PlayThrow(clock, f, 90, 50));
     PutInThePathOfAnUpwardThrow(f, 0);
     ASSERT_TRUE(PlayThrow(clock, f, 90, 50));
-    EXPECT_EQ(f.lblLeft->text(), QStringLiteral("1"));
-    EXPECT_EQ(f.lblRight->text(), QStringLiteral("1"));
-    EXPECT_EQ(f.lblcRound->text(), QStringLiteral("3"));
+    const QStringList after{f.lblcRound->text(), f.lblLeft->text(), f.lblRight->text()};
+    EXPECT_EQ(after, (QStringList{"3", "1", "1"}));
 }

@@ -1,15 +1,9 @@
 // Player selection: the folder scan, the centred see-through preview, the character sounds, the
 // secret names, the name box, and the passes that end in the match.
 #include <QFile>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 
 #include "ScreensSupport.h"
-#include "modmain/modMain.h"
-#include "screens/frmPlayer.h"
-#include "screens/frmSetup.h"
 #include "ui/PictureBox.h"
 
 using namespace testing_support;
@@ -37,23 +31,33 @@ protected:
     }
 };
 
-TEST_F(PlayerSelection, ShippedFolderOffersTheSixWithClassicGrumboFirst) {
+TEST_F(PlayerSelection, ShippedFolderOffersTheSixAndTheNameBoxTakesFifteenCharacters) {
     frmPlayer& p = Open();
     EXPECT_EQ(p.window()->size(), QSize(240, 229));
     EXPECT_EQ(p.Caption(), "Player 1");
     EXPECT_EQ(Listed(p), (QStringList{"Classic Grumbo", "Rapper Grumbo", "Robo Grumbo",
                                       "Sorcerer Grumbo", "Space Grumbo", "Suit Grumbo"}));
-    EXPECT_EQ(p.FlatScroll->Min(), 0);
     EXPECT_EQ(p.FlatScroll->Max(), 5);
-    EXPECT_EQ(p.FlatScroll->Value(), 0);
     EXPECT_EQ(p.txtName->text(), "Classic Grumbo");
     EXPECT_EQ(QSize(p.imgPlayer->Width(), p.imgPlayer->Height()), ShippedSize("Classic Grumbo"));
     EXPECT_EQ(Sounds(), QStringList{"sounds/classicG.wav"}) << "once, on loading";
+
+    p.cmdOk->click();
+    QTest::keyClick(p.txtPname, Qt::Key_Return);
+    EXPECT_EQ(messages, (QStringList{"Enter a player name", "Enter a player name"}));
+    EXPECT_EQ(p.Caption(), "Player 1");
+    QTest::keyClicks(p.txtPname, "ABCDEFGHIJKLMNOP");
+    EXPECT_EQ(p.txtPname->text(), "ABCDEFGHIJKLMNO");
+    QTest::keyClick(p.txtPname, Qt::Key_Return);  // Enter acts as Next
+    EXPECT_EQ(p.Caption(), "Player 2");
+    EXPECT_EQ(strPlayerName[0], "ABCDEFGHIJKLMNO");
+    EXPECT_EQ(strCharacter[0], "Classic Grumbo");
+    EXPECT_TRUE(p.txtPname->text().isEmpty());
 }
 
-TEST_F(PlayerSelection, FolderScanRules) {
+TEST_F(PlayerSelection, FolderScanRulesAndTheCentredSeeThroughPreview) {
     UseOwnDataFolder();
-    WriteCharacter("beta", 40, 60);  // sorted by letter, whatever the case
+    WriteCharacter("beta", 33, 58);  // sorted by letter, whatever the case
     WriteCharacter("Alpha", 40, 60);
     WriteCharacter("Corner", 80, 150);  // the limits themselves are inside
     WriteCharacter("Least", 30, 35);
@@ -78,8 +82,19 @@ TEST_F(PlayerSelection, FolderScanRules) {
     frmPlayer& p = Open();
     EXPECT_EQ(Listed(p), (QStringList{"Alpha", "beta", "Corner", "Least"}));
     EXPECT_EQ(p.FlatScroll->Max(), 3);
+    // The preview stands centred and see-through. Left 120 - 20, top 114.5 - 30 = 84.5, which
+    // rounds to the even 84.
+    EXPECT_EQ(p.imgPlayer->Left(), 100);
+    EXPECT_EQ(p.imgPlayer->Top(), 84);
+    EXPECT_EQ(p.imgPlayer->Point(0, 0),
+              ui::FromQRgb(p.window()->palette().color(QPalette::Window).rgb()));
+    EXPECT_EQ(p.imgPlayer->Point(20, 30), ui::FromQRgb(kBody));
     ClickArrow(p.FlatScroll, +1);
     EXPECT_EQ(p.txtName->text(), "beta");
+    // Left 120 - 16.5 = 103.5 and top 114.5 - 29 = 85.5 round to the even 104 and 86.
+    EXPECT_EQ(QSize(p.imgPlayer->Width(), p.imgPlayer->Height()), QSize(33, 58));
+    EXPECT_EQ(p.imgPlayer->Left(), 104);
+    EXPECT_EQ(p.imgPlayer->Top(), 86);
     EXPECT_EQ(Sounds(), QStringList{"sounds/classicG.wav"}) << "a character of our own is silent";
 }
 
@@ -94,24 +109,6 @@ TEST_F(PlayerSelection, ListStopsAt41NamesAndASecretNameAddsNoFortySecond) {
     EXPECT_EQ(p.FlatScroll->Max(), 40);
     EXPECT_EQ(p.txtName->text(), "C00");
     EXPECT_EQ(p.txtPname->text(), "vostrel");
-}
-
-TEST_F(PlayerSelection, PreviewStandsCentredAndSeeThrough) {
-    UseOwnDataFolder();
-    WriteCharacter("Even", 40, 60);
-    WriteCharacter("Odd", 33, 58);
-    frmPlayer& p = Open();
-    // Left 120 - 20, top 114.5 - 30 = 84.5, which rounds to the even 84.
-    EXPECT_EQ(p.imgPlayer->Left(), 100);
-    EXPECT_EQ(p.imgPlayer->Top(), 84);
-    EXPECT_EQ(p.imgPlayer->Point(0, 0),
-              ui::FromQRgb(p.window()->palette().color(QPalette::Window).rgb()));
-    EXPECT_EQ(p.imgPlayer->Point(20, 30), ui::FromQRgb(kBody));
-    ClickArrow(p.FlatScroll, +1);
-    // Left 120 - 16.5 = 103.5 and top 114.5 - 29 = 85.5 round to the even 104 and 86.
-    EXPECT_EQ(QSize(p.imgPlayer->Width(), p.imgPlayer->Height()), QSize(33, 58));
-    EXPECT_EQ(p.imgPlayer->Left(), 104);
-    EXPECT_EQ(p.imgPlayer->Top(), 86);
 }
 
 TEST_F(PlayerSelection, EveryNameChangeBetweenTheArrowsPlaysItsSoundAndSecretsUnlock) {
@@ -136,21 +133,6 @@ TEST_F(PlayerSelection, EveryNameChangeBetweenTheArrowsPlaysItsSoundAndSecretsUn
                            "sounds/spaceG.wav", "sounds/suitG.wav", "sounds/spaceG.wav",
                            "sounds/sorcererG.wav", "sounds/dunikG.wav", "sounds/vostrelG.wav",
                            "sounds/dunikG.wav"}));
-}
-
-TEST_F(PlayerSelection, NameBoxTakesFifteenCharactersAndEnterActsAsNext) {
-    frmPlayer& p = Open();
-    p.cmdOk->click();
-    QTest::keyClick(p.txtPname, Qt::Key_Return);
-    EXPECT_EQ(messages, (QStringList{"Enter a player name", "Enter a player name"}));
-    EXPECT_EQ(p.Caption(), "Player 1");
-    QTest::keyClicks(p.txtPname, "ABCDEFGHIJKLMNOP");
-    EXPECT_EQ(p.txtPname->text(), "ABCDEFGHIJKLMNO");
-    QTest::keyClick(p.txtPname, Qt::Key_Return);
-    EXPECT_EQ(p.Caption(), "Player 2");
-    EXPECT_EQ(strPlayerName[0], "ABCDEFGHIJKLMNO");
-    EXPECT_EQ(strCharacter[0], "Classic Grumbo");
-    EXPECT_TRUE(p.txtPname->text().isEmpty());
 }
 
 TEST_F(PlayerSelection, LastPassStartsTheMatchWithTheChosenNamesAndCharacters) {

@@ -18,8 +18,11 @@ struct Parsed {
     std::string out, err;
 };
 
-Parsed Parse(std::vector<std::string> args) {
-    args.insert(args.begin(), "grumbo2");
+// Parses the arguments of a command line written with spaces between them.
+Parsed Parse(const std::string& line) {
+    std::vector<std::string> args{"grumbo2"};
+    std::istringstream words(line);
+    for (std::string w; words >> w;) args.push_back(w);
     std::vector<char*> argv;
     for (std::string& a : args) argv.push_back(a.data());
     Parsed r;
@@ -34,37 +37,30 @@ Parsed Parse(std::vector<std::string> args) {
 }  // namespace
 
 TEST(CommandLine, AnswersOnTheTerminalAndRefusesWhatItDoesNotKnow) {
-    const Parsed help = Parse({"--help"});
+    const Parsed help = Parse("--help");
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.out.find("--seed"), std::string::npos);
-    EXPECT_EQ(Parse({"--version"}).status, 0);
-    EXPECT_EQ(Parse({"--version"}).out, "grumbo2 " GRUMBO_VERSION "\n");
-
-    for (const std::vector<std::string>& bad : {std::vector<std::string>{"--fullscreen"},
-                                                {"--scale", "5"},
-                                                {"--scale", "0"},
-                                                {"--scale"},
-                                                {"--scale=2x"},
-                                                {"--seed", "-1"},
-                                                {"--seed", "forty"},
-                                                {"game.sav"}}) {
+    const Parsed version = Parse("--version");
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.out, "grumbo2 " GRUMBO_VERSION "\n");
+    for (const char* bad : {"--fullscreen", "--scale 5", "--scale 0", "--scale", "--scale=2x",
+                            "--seed -1", "--seed forty", "game.sav"}) {
         const Parsed r = Parse(bad);
-        EXPECT_EQ(r.status, 2) << bad[0];
-        EXPECT_NE(r.err.find("Usage: grumbo2"), std::string::npos) << bad[0];
-        EXPECT_TRUE(r.out.empty()) << bad[0];
+        EXPECT_EQ(r.status, 2) << bad;
+        EXPECT_NE(r.err.find("Usage: grumbo2"), std::string::npos) << bad;
+        EXPECT_TRUE(r.out.empty()) << bad;
     }
 }
 
 TEST(CommandLine, ScaleAndSeedInEitherSpelling) {
-    const Parsed none = Parse({});
+    const Parsed none = Parse("");
     EXPECT_FALSE(none.status);
     EXPECT_FALSE(none.options.scale || none.options.seed);
-
-    const Parsed both = Parse({"--scale", "4", "--seed=18446744073709551615"});
+    const Parsed both = Parse("--scale 4 --seed=18446744073709551615");
     EXPECT_FALSE(both.status);
     EXPECT_EQ(both.options.scale, 4);
     EXPECT_EQ(both.options.seed, 18446744073709551615ull);
-    EXPECT_EQ(Parse({"--scale=1", "--seed", "42"}).options.seed, 42u);
+    EXPECT_EQ(Parse("--scale=1 --seed 42").options.seed, 42u);
 }
 
 TEST(Display, AutomaticScaleFollowsTheScreenHeight) {
@@ -83,12 +79,9 @@ TEST(Display, AutomaticScaleFollowsTheScreenHeight) {
 TEST(DataFolder, BesideTheProgramFirstThenTheInstalledShareFolder) {
     QTemporaryDir root;
     ASSERT_TRUE(root.isValid());
-    QDir dir(root.path());
-    ASSERT_TRUE(dir.mkpath(QStringLiteral("build/game/characters")));
-    ASSERT_TRUE(dir.mkpath(QStringLiteral("usr/bin")));
-    ASSERT_TRUE(dir.mkpath(QStringLiteral("usr/share/grumbo2/characters")));
-    ASSERT_TRUE(dir.mkpath(QStringLiteral("bare/bin")));
-
+    for (const char* dir :
+         {"build/game/characters", "usr/bin", "usr/share/grumbo2/characters", "bare/bin"})
+        ASSERT_TRUE(QDir(root.path()).mkpath(QLatin1String(dir)));
     const QString build = root.path() + QStringLiteral("/build/game");
     EXPECT_EQ(modMain::DataFolderFor(build), build);
     EXPECT_EQ(modMain::DataFolderFor(root.path() + QStringLiteral("/usr/bin")),

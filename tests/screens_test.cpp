@@ -1,50 +1,47 @@
 // The way into a match: the title screen, the setup screen, and the flow between them, player
 // selection and the match, driven as the players click through it on the virtual clock.
-#include <QApplication>
 #include <QCheckBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
-#include <QPushButton>
 #include <QSlider>
-#include <QTest>
 #include <array>
+#include <tuple>
 
 #include "ScreensSupport.h"
 #include "app/ScreenFlow.h"
-#include "modmain/modMain.h"
-#include "screens/frmPlayer.h"
-#include "screens/frmSetup.h"
-#include "screens/frmSplash.h"
 #include "ui/PictureBox.h"
 
 using namespace testing_support;
 using namespace modMain;
 
 namespace {
-constexpr std::array<int, 6> kColumns = {24, 72, 120, 168, 216, 264};
-
-// Which poses are up: 1 the first (indices 0 to 5), 2 the second, 3 both, 0 none or a mix.
+// Which poses are up: 1 the first (boxes 0 to 5), 2 the second, 3 both, 0 a mix or none.
 int PosesShown(const frmSplash& t) {
-    auto all = [&](int from, bool shown) {
-        for (int i = from; i < from + 6; ++i)
-            if (t.imgSplash[i]->isHidden() == shown) return false;
-        return true;
-    };
-    if (all(0, true) && all(6, true)) return 3;
-    if (all(0, true) && all(6, false)) return 1;
-    if (all(0, false) && all(6, true)) return 2;
-    return 0;
+    int shown = 0;
+    for (int pose = 0; pose < 2; ++pose) {
+        int up = 0;
+        for (int i = 0; i < 6; ++i) up += !t.imgSplash[6 * pose + i]->isHidden();
+        if (up == 6) shown |= 1 << pose;
+        else if (up > 0) return 0;
+    }
+    return shown;
 }
 
 std::int32_t BackgroundOf(const QWidget* w) {
     return ui::FromQRgb(w->palette().color(QPalette::Window).rgb());
 }
+
+// What Next hands to the match: gravity, frag limit, wind, buildings, game type, players, time
+// of day, gusts, music.
+auto Stored() {
+    return std::tuple(dblGravity, int{intFragLimit}, int{intWindExtremity}, int{intBuildingHeight},
+                      int{intGameType}, int{intPlayers}, int{intTimeOfDay}, blnWindGusts, blnMusic);
+}
 }  // namespace
 
 class Title : public ScreensTest {};
 
-TEST_F(Title, ProgramStartsOnItWithTheIntroAndBothPosesOnOneLine) {
+TEST_F(Title, ProgramStartsOnItAndItsDancersAlternateEvery150ms) {
     grumbo::StartProgram();
     frmSplash& t = frmSplash::Instance();
     ASSERT_TRUE(t.Loaded());
@@ -56,12 +53,40 @@ TEST_F(Title, ProgramStartsOnItWithTheIntroAndBothPosesOnOneLine) {
     EXPECT_EQ(Relative(effects.played[0]), "sounds/g2intro.wav");
     // Until the first tick both poses of every character stand one over the other.
     EXPECT_EQ(PosesShown(t), 3);
+    const std::array<int, 6> columns = {24, 72, 120, 168, 216, 264};
     for (int i = 0; i < 12; ++i) {
         const ui::PictureBox& p = *t.imgSplash[i];
-        EXPECT_EQ(p.Left(), kColumns[i % 6]) << i;
+        EXPECT_EQ(p.Left(), columns[i % 6]) << i;
         EXPECT_EQ(p.Top() + p.Height(), 110) << i;
         EXPECT_EQ(p.Point(0, 0), BackgroundOf(t.window())) << "white corner of " << i;
     }
+
+    const int poseAfter[2] = {2, 1};  // dance frame 0 shows the second pose, frame 1 the first
+    int frame = t.intDanceFrame;
+    clock.Advance(149);
+    EXPECT_EQ(PosesShown(t), 3);
+    for (int tick = 0; tick < 3; ++tick) {
+        clock.Advance(tick == 0 ? 1 : 150);
+        frame = 1 - frame;
+        EXPECT_EQ(t.intDanceFrame, frame);
+        EXPECT_EQ(PosesShown(t), poseAfter[frame]) << "tick " << tick;
+    }
+    t.cmdStart->click();
+    EXPECT_FALSE(t.Loaded());
+    EXPECT_FALSE(t.tmrDance.Enabled()) << "a closed title does not dance";
+    EXPECT_EQ(VisibleWindows(), QStringList{"Setup"});
+    // Coming back plays the intro again, shows both poses again and dances on from the last frame.
+    frmSetup::Instance().Unload();
+    t.Show();
+    EXPECT_EQ(effects.played.size(), 2);
+    EXPECT_EQ(PosesShown(t), 3);
+    clock.Advance(150);
+    EXPECT_EQ(PosesShown(t), poseAfter[1 - frame]);
+    t.cmdExit->click();
+    EXPECT_EQ(programEnds, 1);
+    t.window()->close();
+    EXPECT_FALSE(t.Loaded());
+    EXPECT_TRUE(VisibleWindows().isEmpty());
 }
 
 TEST_F(Title, DancersOfAnyHeightStandOnTheLineAndAMissingOneLeavesAGap) {
@@ -86,49 +111,6 @@ TEST_F(Title, DancersOfAnyHeightStandOnTheLineAndAMissingOneLeavesAGap) {
     EXPECT_TRUE(messages.isEmpty());
     clock.Advance(150);
     EXPECT_NE(PosesShown(t), 3) << "the others dance on";
-    t.cmdStart->click();
-    EXPECT_TRUE(frmSetup::Instance().Loaded());
-}
-
-TEST_F(Title, PosesAlternateEvery150msAndTheDanceGoesOnWhereItStopped) {
-    frmSplash& t = frmSplash::Instance();
-    t.Show();
-    const int poseAfter[2] = {2, 1};  // dance frame 0 shows the second pose, frame 1 the first
-    int frame = t.intDanceFrame;
-    clock.Advance(149);
-    EXPECT_EQ(PosesShown(t), 3);
-    for (int tick = 0; tick < 3; ++tick) {
-        clock.Advance(tick == 0 ? 1 : 150);
-        frame = 1 - frame;
-        EXPECT_EQ(t.intDanceFrame, frame);
-        EXPECT_EQ(PosesShown(t), poseAfter[frame]) << "tick " << tick;
-    }
-    t.cmdStart->click();
-    EXPECT_FALSE(t.Loaded());
-    EXPECT_FALSE(t.tmrDance.Enabled()) << "a closed title does not dance";
-    // Coming back plays the intro again, shows both poses again and dances on from the last frame.
-    frmSetup::Instance().Unload();
-    t.Show();
-    EXPECT_EQ(effects.played.size(), 2);
-    EXPECT_EQ(PosesShown(t), 3);
-    clock.Advance(150);
-    EXPECT_EQ(PosesShown(t), poseAfter[1 - frame]);
-}
-
-TEST_F(Title, StartOpensSetupExitEndsAndTheCloseBoxLeavesNoScreen) {
-    frmSplash& t = frmSplash::Instance();
-    t.Show();
-    t.cmdExit->click();
-    EXPECT_EQ(programEnds, 1);
-    EXPECT_FALSE(frmSetup::Instance().Loaded());
-    t.cmdStart->click();
-    EXPECT_FALSE(t.Loaded());
-    EXPECT_EQ(VisibleWindows(), QStringList{"Setup"});
-    frmSetup::Instance().Unload();
-    t.Show();
-    t.window()->close();
-    EXPECT_FALSE(t.Loaded());
-    EXPECT_TRUE(VisibleWindows().isEmpty());
 }
 
 class Setup : public ScreensTest {
@@ -148,37 +130,25 @@ protected:
 TEST_F(Setup, UntouchedNextStoresTheDefaults) {
     // What an earlier match may have left: every value must be written anew.
     dblGravity = 1;
-    intGameType = 2;
-    intPlayers = 4;
-    intTimeOfDay = 3;
     intFragLimit = 9;
     intWindExtremity = 1;
     intBuildingHeight = 5;
+    intGameType = 2;
+    intPlayers = 4;
+    intTimeOfDay = 3;
     blnWindGusts = blnMusic = false;
     frmSetup& s = Open();
     EXPECT_EQ(s.window()->size(), QSize(323, 180));
     EXPECT_EQ(s.Caption(), "Setup");
-    EXPECT_EQ(dblGravity, 9.8);
-    EXPECT_EQ(intGameType, 1);
-    EXPECT_EQ(intPlayers, 2);
-    EXPECT_EQ(intTimeOfDay, 1);
-    EXPECT_EQ(intFragLimit, 9) << "the rest reaches the program only at Next";
-    EXPECT_FALSE(blnWindGusts);
+    // Gravity, game type and time of day count at once; the rest reaches the program at Next.
+    EXPECT_EQ(Stored(), std::tuple(9.8, 9, 1, 5, 1, 2, 1, false, false));
     const QStringList shown{s.txtGrav->text(),   s.txtGametype->text(), s.txtTime->text(),
                             s.txtNmatch->text(), s.txtWind->text(),     s.txtBuilding->text()};
     EXPECT_EQ(shown, (QStringList{"9.8", "1 vs 1", "Random", "3", "20", "8"}));
     s.cmdStart->click();
     EXPECT_FALSE(s.Loaded());
     EXPECT_EQ(VisibleWindows(), QStringList{"Player 1"});
-    EXPECT_EQ(dblGravity, 9.8);
-    EXPECT_EQ(intFragLimit, 3);
-    EXPECT_EQ(intWindExtremity, 20);
-    EXPECT_EQ(intBuildingHeight, 8);
-    EXPECT_EQ(intGameType, 1);
-    EXPECT_EQ(intPlayers, 2);
-    EXPECT_EQ(intTimeOfDay, 1);
-    EXPECT_TRUE(blnWindGusts);
-    EXPECT_TRUE(blnMusic);
+    EXPECT_EQ(Stored(), std::tuple(9.8, 3, 20, 8, 1, 2, 1, true, true));
 }
 
 TEST_F(Setup, LowerEndsByClicksAndGustsTickedAgainAfterNoWind) {
@@ -190,27 +160,16 @@ TEST_F(Setup, LowerEndsByClicksAndGustsTickedAgainAfterNoWind) {
     EXPECT_EQ(intTimeOfDay, 3);
     ClickArrow(s.FlatScroll2, -1);
     ClickArrow(s.FlatScroll1, +1, 3);
-    EXPECT_EQ(s.txtGrav->text(), "0.5");
-    EXPECT_EQ(s.txtNmatch->text(), "1");
-    EXPECT_EQ(s.txtTime->text(), "Day");
-    EXPECT_EQ(s.txtGametype->text(), "2 vs 2");
-    EXPECT_EQ(intTimeOfDay, 2) << "time of day and game type count at once";
-    EXPECT_EQ(intGameType, 2);
-    EXPECT_EQ(intPlayers, 4);
     s.Slider1->triggerAction(QAbstractSlider::SliderToMinimum);
     s.Slider2->triggerAction(QAbstractSlider::SliderToMinimum);
-    EXPECT_EQ(s.txtWind->text(), "0");
-    EXPECT_EQ(s.txtBuilding->text(), "4");
+    const QStringList shown{s.txtGrav->text(),   s.txtGametype->text(), s.txtTime->text(),
+                            s.txtNmatch->text(), s.txtWind->text(),     s.txtBuilding->text()};
+    EXPECT_EQ(shown, (QStringList{"0.5", "2 vs 2", "Day", "1", "0", "4"}));
     EXPECT_FALSE(s.chkWind->isChecked()) << "no wind, no gusts";
     s.chkWind->click();
     s.chkMusic->click();
     s.cmdStart->click();
-    EXPECT_EQ(dblGravity, 0.5);
-    EXPECT_EQ(intFragLimit, 1);
-    EXPECT_EQ(intWindExtremity, 0);
-    EXPECT_EQ(intBuildingHeight, 4);
-    EXPECT_TRUE(blnWindGusts);
-    EXPECT_FALSE(blnMusic);
+    EXPECT_EQ(Stored(), std::tuple(0.5, 1, 0, 4, 2, 4, 2, true, false));
 }
 
 TEST_F(Setup, UpperEndsByKeyboardWithThePointInAnyLocale) {
@@ -230,8 +189,6 @@ TEST_F(Setup, UpperEndsByKeyboardWithThePointInAnyLocale) {
     EXPECT_EQ(s.txtNmatch->text(), "50");
     s.Slider1->triggerAction(QAbstractSlider::SliderToMaximum);
     s.Slider2->triggerAction(QAbstractSlider::SliderToMaximum);
-    EXPECT_EQ(s.txtWind->text(), "35");
-    EXPECT_EQ(s.txtBuilding->text(), "12");
     // The display boxes take no focus and no typing: Tab never lands on them.
     const std::array<const QWidget*, 6> boxes = {s.txtGrav,   s.txtGametype, s.txtTime,
                                                  s.txtNmatch, s.txtWind,     s.txtBuilding};
@@ -243,10 +200,7 @@ TEST_F(Setup, UpperEndsByKeyboardWithThePointInAnyLocale) {
     EXPECT_EQ(s.txtGrav->text(), "10.7");
     s.cmdStart->click();
     QLocale::setDefault(before);
-    EXPECT_EQ(dblGravity, 10.7);
-    EXPECT_EQ(intFragLimit, 50);
-    EXPECT_EQ(intWindExtremity, 35);
-    EXPECT_EQ(intBuildingHeight, 12);
+    EXPECT_EQ(Stored(), std::tuple(10.7, 50, 35, 12, 1, 2, 1, true, true));
 }
 
 class Flow : public ScreensTest {
@@ -276,9 +230,7 @@ TEST_F(Flow, BackHidesPlayerSelectionWhichComesBackAsItWasAfterFreshSetup) {
     EXPECT_TRUE(p.Loaded()) << "hidden, not closed";
     EXPECT_EQ(p.Caption(), "Player 1");
     EXPECT_TRUE(p.txtPname->text().isEmpty());
-    EXPECT_TRUE(blnBackToSetup);
     EXPECT_EQ(s.txtGametype->text(), "1 vs 1") << "setup starts from its defaults again";
-    EXPECT_EQ(intGameType, 1);
     s.cmdStart->click();
     EXPECT_EQ(VisibleWindows(), QStringList{"Player 1"});
     EXPECT_EQ(p.FlatScroll->Max(), 6) << "not loaded again: Dunik is still in the list";
@@ -286,8 +238,7 @@ TEST_F(Flow, BackHidesPlayerSelectionWhichComesBackAsItWasAfterFreshSetup) {
     Pass(p, "Bo");
     Pass(p, "Cy");
     EXPECT_FALSE(p.Loaded());
-    EXPECT_TRUE(frmGrumbo::Instance().Loaded());
-    EXPECT_EQ(frmGrumbo::Instance().window()->windowTitle(), "Bo - 0 pts");
+    EXPECT_EQ(VisibleWindows(), QStringList{"Bo - 0 pts"});
 }
 
 TEST_F(Flow, ClosingSetupAfterBackClosesPlayerSelectionWhichDecides) {

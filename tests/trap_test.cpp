@@ -1,17 +1,10 @@
 // The keyboard trap of the match screen: the key test, typed codes, flying with the arrow keys,
 // and Escape pausing a flight that "Resume" lets fly on, on the virtual clock.
-#include <QApplication>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 #include <map>
 
-#include "MatchDriver.h"
-#include "MatchExitSupport.h"
-#include "modmain/modMain.h"
-#include "screens/frmEndgame.h"
+#include "ScreensSupport.h"
 
 using namespace testing_support;
 using namespace modMain;
@@ -21,29 +14,30 @@ namespace {
 struct Shot {
     std::map<int, QPoint> path;  // projectile place by flight tick
     QImage scene;                // the city after the throw
-    int misses = 0;
 };
 
-class Trap : public MatchExitTest {
+class Trap : public ScreensTest {
 protected:
     bool Played(const char* sound) {
-        for (const QString& p : effects.played)
-            if (Relative(p) == QLatin1String(sound)) return true;
-        return false;
+        return std::any_of(effects.played.begin(), effects.played.end(),
+                           [&](const QString& p) { return Relative(p) == QLatin1String(sound); });
     }
 
     // Throws at 60 degrees with velocity 70; with `pause`, Escape at flight tick 12 and
     // "Resume" three seconds later.
     Shot Throw(frmGrumbo& f, bool pause);
 
-    // Throws straight up into player 1, who stands in the way; `onPump` acts at every pump of
-    // the hit handling and what follows it.
-    void HitWith(frmGrumbo& f, std::function<void()> onPump) {
+    // Starts a match to one frag and throws straight up into player 1, who stands in the way;
+    // `onPump` acts at every pump of the hit handling and what follows it.
+    frmGrumbo& HitWith(std::function<void(frmGrumbo&)> onPump) {
+        intFragLimit = 1;
+        frmGrumbo& f = StartMatch(2);
         PutInThePathOfAnUpwardThrow(f, 1);
         f.txtAngle->setText(QStringLiteral("90"));
         f.txtVel->setText(QStringLiteral("50"));
-        clock.onPump = std::move(onPump);
+        clock.onPump = [&f, onPump] { onPump(f); };
         f.cmdThrow->click();
+        return f;
     }
 };
 
@@ -61,10 +55,7 @@ Shot Trap::Throw(frmGrumbo& f, bool pause) {
         Tap(ui::VkEscape);
         frmEndgame& box = frmEndgame::Instance();
         EXPECT_TRUE(box.Loaded());
-        EXPECT_EQ(box.lblCaption->text(), QStringLiteral("Game Paused"));
-        EXPECT_EQ(box.cmdPlay->text(), QStringLiteral("Resume"));
-        EXPECT_EQ(box.cmdCredits->text(), QStringLiteral("Start Over"));
-        EXPECT_EQ(box.cmdQuit->text(), QStringLiteral("Quit"));
+        EXPECT_EQ(BoxTexts(), kPausedBox);
         EXPECT_FALSE(f.picUI->isEnabled());
         EXPECT_FALSE(f.tmrCollision.Enabled());
         EXPECT_EQ(QApplication::activeWindow(), box.window()) << "the box has the keyboard";
@@ -88,13 +79,14 @@ Shot Trap::Throw(frmGrumbo& f, bool pause) {
     clock.onPump = nullptr;
     shot.path.erase(0);
     shot.scene = f.picBld->surface().image();
-    shot.misses = f.intMisses[0];
     return shot;
 }
 
 }  // namespace
 
-TEST_F(Trap, KeyCountsWhenItWentDownSinceTheLastPollAndIsStillDown) {
+TEST_F(Trap, KeysReachTheTrapWithTheirCodesOncePerPressAndRepeat) {
+    frmGrumbo& f = StartMatch(2);
+    // A key counts when it went down since the last poll and is still down.
     keyboard.Press('A');
     EXPECT_TRUE(keyboard.GetAsyncKeyState('A'));
     EXPECT_FALSE(keyboard.GetAsyncKeyState('A')) << "still down, but not pressed again";
@@ -105,10 +97,8 @@ TEST_F(Trap, KeyCountsWhenItWentDownSinceTheLastPollAndIsStillDown) {
     keyboard.Press('B');
     EXPECT_FALSE(keyboard.GetAsyncKeyState('A')) << "another key";
     EXPECT_TRUE(keyboard.GetAsyncKeyState('B'));
-}
-
-TEST_F(Trap, AHeldKeyRepeatsAsATypedOneDoes) {
-    frmGrumbo& f = StartMatch(2);
+    keyboard.Release('B');
+    // A held key repeats for the trap as a typed one does.
     const auto send = [&](QEvent::Type type, bool repeat) {
         QKeyEvent e(type, Qt::Key_Right, Qt::NoModifier, QString(), repeat);
         QApplication::sendEvent(f.txtAngle, &e);
@@ -125,10 +115,7 @@ TEST_F(Trap, AHeldKeyRepeatsAsATypedOneDoes) {
     send(QEvent::KeyPress, true);  // a stray repeat after the release
     send(QEvent::KeyRelease, false);
     EXPECT_FALSE(keyboard.GetAsyncKeyState(ui::VkRight));
-}
 
-TEST_F(Trap, KeysTypedIntoTheAimingBoxesReachTheTrapWithTheirCodes) {
-    frmGrumbo& f = StartMatch(2);
     struct {
         Qt::Key key;
         Qt::KeyboardModifiers mods;
@@ -173,6 +160,19 @@ TEST_F(Trap, CodesNeedTheBackslashIgnoreCaseAndEndAtTheTwelfthCharacter) {
     TypeKeys(QStringLiteral("q "));
     EXPECT_EQ(f.strCode, QString()) << "and keys are ignored until the next backslash";
 
+    // A space and a letter held from before the backslash do not count once the code has
+    // started: the polls before it took them.
+    keyboard.Press(ui::VkSpace);
+    keyboard.Press('H');
+    clock.Advance(kPollMs);
+    Tap(ui::VkBackslash);
+    clock.Advance(kPollMs);
+    keyboard.Release(ui::VkSpace);
+    keyboard.Release('H');
+    EXPECT_EQ(f.strCode, QStringLiteral("\\"));
+    TypeKeys(QStringLiteral("a b"));
+    EXPECT_EQ(f.strCode, QStringLiteral("\\A B"));
+
     // A backslash starts over; the keypad's 1 types "a" and F1 types "p".
     TypeKeys(QStringLiteral("\\zax\\z"));
     EXPECT_EQ(f.strCode, QStringLiteral("\\Z"));
@@ -193,22 +193,6 @@ TEST_F(Trap, CodesNeedTheBackslashIgnoreCaseAndEndAtTheTwelfthCharacter) {
     EXPECT_TRUE(effects.played.isEmpty()) << "the third code has no sound";
 }
 
-TEST_F(Trap, KeysBeforeTheBackslashAreGoneWhenACodeStarts) {
-    frmGrumbo& f = StartMatch(2);
-    // A space and a letter held from before the backslash do not count once the code has
-    // started: the polls before it took them.
-    keyboard.Press(ui::VkSpace);
-    keyboard.Press('H');
-    clock.Advance(kPollMs);
-    Tap(ui::VkBackslash);
-    clock.Advance(kPollMs);
-    keyboard.Release(ui::VkSpace);
-    keyboard.Release('H');
-    EXPECT_EQ(f.strCode, QStringLiteral("\\"));
-    TypeKeys(QStringLiteral("a b"));
-    EXPECT_EQ(f.strCode, QStringLiteral("\\A B"));
-}
-
 TEST_F(Trap, AllProjectilesFromTheNextTurnOn) {
     intWindExtremity = 0;
     frmGrumbo& f = StartMatch(2);
@@ -219,7 +203,7 @@ TEST_F(Trap, AllProjectilesFromTheNextTurnOn) {
     for (int k = 1; k <= 3; ++k) EXPECT_TRUE(f.picSelect[k]->isVisible()) << k;
 }
 
-TEST_F(Trap, ArrowKeysFlyTheThrowerAndReparkTheProjectile) {
+TEST_F(Trap, ArrowKeysFlyTheThrowerSeeThroughAndReparkTheProjectile) {
     frmGrumbo& f = StartMatch(2);
     ui::PictureBox& p = *f.Player[0];
     const int left = p.Left(), top = p.Top();
@@ -263,6 +247,23 @@ TEST_F(Trap, ArrowKeysFlyTheThrowerAndReparkTheProjectile) {
     EXPECT_EQ(f.strCode, QStringLiteral("\\H"));
     keyboard.Release(ui::VkDown);
     keyboard.Release('H');
+
+    // A moved thrower is redrawn see-through at his new place.
+    ui::Surface bitmap;
+    ASSERT_TRUE(bitmap.Load(DataFile(QStringLiteral("characters/Classic Grumbo.bmp"))));
+    p.PSet(1, 1, ui::RGB(255, 0, 0));  // something drawn over the picture
+    for (int i = 0; i < 10; ++i) Tap(ui::VkUp);
+    int seeThrough = 0;
+    for (int y = 0; y < bitmap.Height(); ++y) {
+        for (int x = 0; x < bitmap.Width(); ++x) {
+            const std::int32_t want = bitmap.Point(x, y) == ui::kWhite
+                                          ? f.picBld->Point(p.Left() + x, p.Top() + y)
+                                          : bitmap.Point(x, y);
+            ASSERT_EQ(p.Point(x, y), want) << x << "," << y;
+            seeThrough += bitmap.Point(x, y) == ui::kWhite;
+        }
+    }
+    EXPECT_GT(seeThrough, 100);
 }
 
 TEST_F(Trap, ArrowKeysDuringTheMatchStartWaitForTheThrower) {
@@ -284,27 +285,6 @@ TEST_F(Trap, ArrowKeysDuringTheMatchStartWaitForTheThrower) {
     EXPECT_LE(f.Player[0]->Top(), field::kGroundLine) << "the first round stands";
 }
 
-TEST_F(Trap, AMovedThrowerIsRedrawnSeeThroughAtItsNewPlace) {
-    frmGrumbo& f = StartMatch(2);
-    TypeKeys(QStringLiteral("\\hop fremble"));
-    ui::PictureBox& p = *f.Player[0];
-    ui::Surface bitmap;
-    ASSERT_TRUE(bitmap.Load(DataFile(QStringLiteral("characters/Classic Grumbo.bmp"))));
-    p.PSet(1, 1, ui::RGB(255, 0, 0));  // something drawn over the picture
-    for (int i = 0; i < 10; ++i) Tap(ui::VkUp);
-    int seeThrough = 0;
-    for (int y = 0; y < bitmap.Height(); ++y) {
-        for (int x = 0; x < bitmap.Width(); ++x) {
-            const std::int32_t want = bitmap.Point(x, y) == ui::kWhite
-                                          ? f.picBld->Point(p.Left() + x, p.Top() + y)
-                                          : bitmap.Point(x, y);
-            ASSERT_EQ(p.Point(x, y), want) << x << "," << y;
-            seeThrough += bitmap.Point(x, y) == ui::kWhite;
-        }
-    }
-    EXPECT_GT(seeThrough, 100);
-}
-
 TEST_F(Trap, ResumedFlightLandsWhereAnUninterruptedOneDoes) {
     const Shot plain = Throw(StartMatch(2, 7), false);
     LeaveMatch();
@@ -312,31 +292,12 @@ TEST_F(Trap, ResumedFlightLandsWhereAnUninterruptedOneDoes) {
     ASSERT_GT(plain.path.size(), 20u);
     EXPECT_EQ(paused.path, plain.path) << "the same place at every tick";
     EXPECT_TRUE(paused.scene == plain.scene) << "the same crater";
-    EXPECT_EQ(paused.misses, plain.misses);
-}
-
-TEST_F(Trap, PauseWithoutAFlightLeavesTheInputUsable) {
-    frmGrumbo& f = StartMatch(2);
-    Tap(ui::VkEscape);
-    frmEndgame& box = frmEndgame::Instance();
-    ASSERT_TRUE(box.Loaded());
-    EXPECT_FALSE(blnFlightPaused);
-    EXPECT_FALSE(f.picUI->isEnabled());
-    box.cmdPlay->click();
-    clock.Advance(500);
-    EXPECT_FALSE(f.tmrMain.Enabled()) << "no flight starts";
-    EXPECT_TRUE(f.picUI->isEnabled());
-    QTest::keyClicks(f.txtAngle, "45");
-    QTest::keyClicks(f.txtVel, "50");
-    EXPECT_TRUE(f.cmdThrow->isEnabled());
 }
 
 TEST_F(Trap, OnceTheFragLimitIsReachedEscapeOpensNoPauseBox) {
-    intFragLimit = 1;
-    frmGrumbo& f = StartMatch(2);
     // Escape at every pump from the deciding hit on: through the final board and the wait.
     bool paused = false;
-    HitWith(f, [&] {
+    HitWith([&](frmGrumbo& f) {
         const frmEndgame& box = frmEndgame::Instance();
         paused |= box.Loaded() && box.lblCaption->text() == QLatin1String("Game Paused");
         if (f.lblLeft->text() != QLatin1String("1")) return;
@@ -347,16 +308,14 @@ TEST_F(Trap, OnceTheFragLimitIsReachedEscapeOpensNoPauseBox) {
     clock.Advance(1000);
     clock.onPump = nullptr;
     EXPECT_FALSE(paused);
-    EXPECT_EQ(frmEndgame::Instance().lblCaption->text(), QStringLiteral("Thanks for Playing"));
+    EXPECT_EQ(BoxTexts(), kGameOverBox);
 }
 
 TEST_F(Trap, APauseBoxStillUpAtTheEndOfTheMatchBecomesTheGameOverBox) {
-    intFragLimit = 1;
-    frmGrumbo& f = StartMatch(2);
     frmEndgame& box = frmEndgame::Instance();
     // Escape as the projectile hits, before the round is scored.
     bool pressed = false, paused = false;
-    HitWith(f, [&] {
+    frmGrumbo& f = HitWith([&](frmGrumbo& f) {
         paused |= box.Loaded() && box.lblCaption->text() == QLatin1String("Game Paused");
         if (pressed || f.tmrMain.Enabled() || f.intFlightTime == 0) return;
         pressed = true;
@@ -368,7 +327,6 @@ TEST_F(Trap, APauseBoxStillUpAtTheEndOfTheMatchBecomesTheGameOverBox) {
     clock.onPump = nullptr;
     EXPECT_TRUE(paused);
     EXPECT_TRUE(MatchOver(f));
-    EXPECT_EQ(box.lblCaption->text(), QStringLiteral("Thanks for Playing"));
-    EXPECT_EQ(box.cmdCredits->text(), QStringLiteral("View Credits"));
+    EXPECT_EQ(BoxTexts(), kGameOverBox);
     EXPECT_FALSE(f.picUI->isEnabled());
 }

@@ -4,7 +4,7 @@
 
 e2e_begin() {  # e2e_begin GAME_BINARY
     GAME=$1
-    local tool
+    local tool i
     for tool in Xvfb xdotool xwininfo import awk; do
         command -v "$tool" >/dev/null || { echo "SKIP: $tool is not installed"; exit 77; }
     done
@@ -17,7 +17,6 @@ e2e_begin() {  # e2e_begin GAME_BINARY
     # Xvfb chooses a free display and writes its number, so parallel runs never meet.
     Xvfb -displayfd 3 -screen 0 "${E2E_SCREEN:-1024x768}x24" -nolisten tcp 3>"$WORK/display" 2>"$WORK/xvfb.log" &
     XVFB_PID=$!
-    local i
     for i in $(seq 100); do [ -s "$WORK/display" ] && break; sleep 0.1; done
     [ -s "$WORK/display" ] || fail "Xvfb did not start: $(cat "$WORK/xvfb.log")"
     export DISPLAY=:$(cat "$WORK/display")
@@ -47,17 +46,17 @@ start_game() {  # start_game [ARGS...]
     GAME_PID=$!
 }
 
-# The id of the visible window titled exactly TITLE, once it shows (at most SECONDS).
+# Sets WIN to the visible window titled exactly TITLE once it shows (at most SECONDS).
 wait_window() {  # wait_window TITLE [SECONDS]
-    local title=$1 deadline=$(($(now_ms) + ${2:-10} * 1000)) id
+    local deadline=$(($(now_ms) + ${2:-10} * 1000))
     WIN=
     while [ "$(now_ms)" -lt "$deadline" ]; do
-        id=$(xdotool search --onlyvisible --name "^${title}\$" 2>/dev/null | head -n1)
-        [ -n "$id" ] && { WIN=$id; return 0; }
-        kill -0 "$GAME_PID" 2>/dev/null || fail "the game ended while waiting for \"$title\""
+        WIN=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n1)
+        [ -n "$WIN" ] && return 0
+        kill -0 "$GAME_PID" 2>/dev/null || fail "the game ended while waiting for \"$1\""
         sleep 0.1
     done
-    fail "no window \"$title\" after ${2:-10} s; visible: $(visible_titles)"
+    fail "no window \"$1\" after ${2:-10} s; visible: $(visible_titles)"
 }
 
 wait_gone() {  # wait_gone TITLE [SECONDS]
@@ -80,25 +79,25 @@ client_size() {  # client_size WINDOW -> WIDTHxHEIGHT
     xwininfo -id "$1" | awk '/Width:/ {w=$2} /Height:/ {h=$2} END {print w "x" h}'
 }
 
-expect_size() {
+expect_size() {  # expect_size WINDOW WIDTHxHEIGHT
     local size
     size=$(client_size "$1")
     [ "$size" = "$2" ] || fail "window $(xdotool getwindowname "$1") is $size, not $2"
 }
 
-click() {
+click() {  # click WINDOW X Y
     xdotool mousemove --window "$1" "$2" "$3" click 1
     sleep 0.2
 }
 
 # Without a window manager nothing gives the focus; the player clicks into the window first.
-type_into() {
+type_into() {  # type_into WINDOW TEXT
     xdotool windowfocus --sync "$1"
     xdotool type --delay 40 "$2"
     sleep 0.2
 }
 
-press() {
+press() {  # press WINDOW KEY
     xdotool windowfocus --sync "$1"
     xdotool key "$2"
     sleep 0.2
@@ -111,7 +110,7 @@ shot() {  # shot WINDOW FILE
 }
 
 # Runs an awk body over the pixels of a PPM picture: x, y and r, g, b are set for each pixel.
-ppm_pixels() {  # ppm_pixels AWK_BODY [AWK_END] FILE [-v VAR=VALUE...]
+ppm_pixels() {  # ppm_pixels AWK_BODY AWK_END FILE [-v VAR=VALUE...]
     local body=$1 end=$2 file=$3
     shift 3
     awk "$@" 'BEGIN { RS = "[ \t\n]+" }
