@@ -3,6 +3,7 @@
 #   ./build.sh run       installs what is missing, builds and starts the game
 #   ./build.sh test      installs what is missing, builds and runs the tests
 #   ./build.sh sanitize  the test suite built with address and undefined-behaviour sanitizers
+#                        (without the runs of the real program under Xvfb)
 #   ./build.sh bench     builds and runs the benchmarks
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -30,9 +31,10 @@ build() {  # build DIR [cmake options...]
     cmake --build "$dir"
 }
 
-run_tests() {  # run_tests DIR
+run_tests() {  # run_tests DIR [CTEST OPTIONS...]
+    local dir=$1; shift
     QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy \
-        ctest --test-dir "$1" --output-on-failure --timeout 300
+        ctest --test-dir "$dir" --output-on-failure --timeout 300 "$@"
 }
 
 export XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$(mktemp -d)}
@@ -48,7 +50,7 @@ case "${1:-run}" in
         build build-sanitize -DCMAKE_BUILD_TYPE=Debug -DGRUMBO_SANITIZE=ON \
             -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
         ASAN_OPTIONS=detect_leaks=1 LSAN_OPTIONS=suppressions=$PWD/tests/lsan.supp \
-            UBSAN_OPTIONS=print_stacktrace=1 run_tests build-sanitize ;;
+            UBSAN_OPTIONS=print_stacktrace=1 run_tests build-sanitize -E OnXvfb ;;
     bench)
         build build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DGRUMBO_BENCH=ON
         build/bench/grumbo_bench ;;
