@@ -18,8 +18,7 @@ std::mutex finishedLock;
 std::condition_variable finishedSignal;
 bool finished = false;
 
-// A WAV of `frames` stereo frames at the mixer's own rate and depth, every sample `level`, so
-// that the recording holds it unchanged.
+// Stereo frames at the mixer's own rate and depth, so that the recording holds them unchanged.
 QByteArray SteadyWav(int frames, qint16 level) {
     QByteArray b;
     QDataStream out(&b, QIODevice::WriteOnly);
@@ -42,11 +41,9 @@ TEST(SdlEffects, AnEffectPlaysOnceFromStartToEnd) {
     QTemporaryDir dir;
     const QString wav = dir.filePath(QStringLiteral("steady.wav"));
     const QString recording = dir.filePath(QStringLiteral("recording.raw"));
-    {
-        QFile f(wav);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(SteadyWav(4410, 1000));
-    }
+    QFile out(wav);
+    ASSERT_TRUE(out.open(QIODevice::WriteOnly) && out.write(SteadyWav(4410, 1000)) > 0);
+    out.close();
     // The device is opened afresh on the recording driver, which writes a buffer a millisecond.
     media::CloseSdlAudio();
     setenv("SDL_AUDIODRIVER", "disk", 1);

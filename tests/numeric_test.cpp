@@ -7,7 +7,7 @@
 
 using namespace grumbo;
 
-TEST(Numeric, IntIsTheFloorAndConversionsRoundHalfToEven) {
+TEST(Numeric, IntIsTheFloorAndConversionsAndRoundTieToEven) {
     EXPECT_EQ(Int(-3.2), -4);
     EXPECT_EQ(Int(3.99), 3);
     EXPECT_EQ(CInt(2.5), 2);
@@ -16,15 +16,14 @@ TEST(Numeric, IntIsTheFloorAndConversionsRoundHalfToEven) {
     EXPECT_EQ(CInt(-819.0), -819);
     EXPECT_EQ(CLng(1e12), 2147483647);
     EXPECT_EQ(CInt(40000.0), 32767);  // saturates instead of wrapping
-}
-
-TEST(Numeric, RoundToTwoDecimalsTiesToEven) {
+    // Round to two decimals: 0.125 is exact in binary, so its tie goes to the
+    // even neighbour.
     EXPECT_DOUBLE_EQ(Round(0.214999, 2), 0.21);
-    EXPECT_DOUBLE_EQ(Round(0.0625 * 2, 2), 0.12);  // 0.125 is exact in binary: tie goes to even
+    EXPECT_DOUBLE_EQ(Round(0.0625 * 2, 2), 0.12);
     EXPECT_DOUBLE_EQ(Round(0.375, 2), 0.38);
 }
 
-TEST(Numeric, ValReadsTheNumberAtTheStartOfAText) {
+TEST(Numeric, TextToNumberAndBack) {
     EXPECT_EQ(Val(QStringLiteral("45")), 45);
     EXPECT_EQ(Val(QStringLiteral("  12abc")), 12);
     EXPECT_EQ(Val(QStringLiteral("abc")), 0);
@@ -34,9 +33,7 @@ TEST(Numeric, ValReadsTheNumberAtTheStartOfAText) {
     EXPECT_FALSE(IsDigits(QStringLiteral("9a")));
     EXPECT_FALSE(IsDigits(QString()));
     EXPECT_FALSE(IsDigits(QStringLiteral("\u0663")));  // a non-ASCII digit is no digit here
-}
-
-TEST(Numeric, NumbersShowAsPlainDecimalsWithFifteenSignificantDigits) {
+    // Numbers show as plain decimals with fifteen significant digits.
     EXPECT_EQ(Str(0.21 * 100), QStringLiteral("21"));
     EXPECT_EQ(Str(0.0), QStringLiteral("0"));
     EXPECT_EQ(Str(-25000), QStringLiteral("-25000"));

@@ -140,6 +140,7 @@ TEST(Bitmap, RefusesWhatItCannotReadWholeAndSaysWhy) {
         {figure, patch(26, 2, 2), "does not read"},   // two planes
         {figure, patch(14, 12), "kind"},              // the old header
         {figure, patch(10, 20), "overlaps"},          // pixels inside the header
+        {indexed, patch(10, 58), "overlaps"},         // pixels inside the colour table
         {QByteArray("GIF89a, as it happens"), [](QByteArray&) {}, "not a Windows bitmap"},
         {indexed, patch(62, 2, 1), "lacks"},  // a colour beyond the table
         {indexed, patch(46, 257), "table"},   // a table larger than 256
