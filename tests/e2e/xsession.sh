@@ -151,3 +151,16 @@ changed_box() {  # changed_box FILE1 FILE2 TOP BOTTOM
                  if ($1 < l) l = $1; if ($1 > r) r = $1; if ($2 < t) t = $2; if ($2 > b) b = $2 }
              END { if (n) print l, t, r, b }'
 }
+
+# Whether two crater boxes are one landing: the collision check runs on its own timer, so a
+# crater may lie a tick of flight (up to 12 pixels on every side) away.
+same_crater() {  # same_crater "L T R B" "L T R B"
+    local a b i d
+    read -r -a a <<<"$1"
+    read -r -a b <<<"$2"
+    [ ${#a[@]} -eq 4 ] && [ ${#b[@]} -eq 4 ] || return 1
+    for i in 0 1 2 3; do
+        d=$((a[i] - b[i]))
+        [ "${d#-}" -le 12 ] || return 1
+    done
+}
