@@ -18,13 +18,9 @@ protected:
 QRgb Pixel(const QImage& image, int x, int y) { return image.pixel(x, y) | 0xFF000000u; }
 }  // namespace
 
-TEST_F(Endgame, OpensFiveSecondsAfterTheFinalBoardWithItsOwnCaptionsAndARaisedEdge) {
+TEST_F(Endgame, OpensFiveSecondsAfterTheFinalBoardWithARaisedEdge) {
     intFragLimit = 1;
     frmGrumbo& f = StartMatch(2);
-    // A pause before leaves the game-over box its own captions.
-    Tap(ui::VkEscape);
-    ASSERT_EQ(BoxTexts(), kPausedBox);
-    box.cmdPlay->click();
     PutInThePathOfAnUpwardThrow(f, 1);
     std::int32_t boardAt = 0, boxAt = 0;
     clock.onPump = [&] {
@@ -108,6 +104,18 @@ TEST_F(Endgame, EveryButtonOfBothUsesLeadsWhereItShould) {
         LeaveMatch();
         programEnds = 0;
     }
+}
+
+TEST_F(Endgame, AfterAPauseTheGameOverBoxHasItsOwnCaptionsAgain) {
+    intFragLimit = 1;
+    frmGrumbo& f = StartMatch(2);
+    Tap(ui::VkEscape);
+    ASSERT_EQ(BoxTexts(), kPausedBox);
+    box.cmdPlay->click();
+    PutInThePathOfAnUpwardThrow(f, 1);
+    ASSERT_TRUE(PlayThrow(clock, f, 90, 50));
+    ASSERT_TRUE(WaitForBox());
+    EXPECT_EQ(BoxTexts(), kGameOverBox);
 }
 
 TEST_F(Endgame, ASecondMatchAfterPlayAgainStartsAfreshButKeepsWhatNothingResets) {
