@@ -3,7 +3,7 @@
 #   ./build.sh run       installs what is missing, builds and starts the game
 #   ./build.sh test      installs what is missing, builds and runs the tests
 #   ./build.sh sanitize  the test suite built with address and undefined-behaviour sanitizers
-#                        (without the runs of the real program under Xvfb)
+#                        (without the soak run and the runs of the real program under Xvfb)
 #   ./build.sh bench     builds and runs the benchmarks
 set -euo pipefail
 cd "$(dirname "$0")"
@@ -50,7 +50,7 @@ case "${1:-run}" in
         build build-sanitize -DCMAKE_BUILD_TYPE=Debug -DGRUMBO_SANITIZE=ON \
             -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
         ASAN_OPTIONS=detect_leaks=1 LSAN_OPTIONS=suppressions=$PWD/tests/lsan.supp \
-            UBSAN_OPTIONS=print_stacktrace=1 run_tests build-sanitize -E OnXvfb ;;
+            UBSAN_OPTIONS=print_stacktrace=1 run_tests build-sanitize -E "OnXvfb|Soak" ;;
     bench)
         build build -DCMAKE_BUILD_TYPE=RelWithDebInfo -DGRUMBO_BENCH=ON
         build/bench/grumbo_bench ;;
