@@ -24,8 +24,8 @@ protected:
                            [&](const QString& p) { return Relative(p) == QLatin1String(sound); });
     }
 
-    // Throws at 60 degrees with velocity 70; with `pause`, Escape at flight tick 12 and
-    // "Resume" three seconds later.
+    // Throws at 20 degrees with velocity 30 into a building; with `pause`, Escape at flight
+    // tick 5 and "Resume" three seconds later.
     Shot Throw(frmGrumbo& f, bool pause);
 
     // Starts a match to one frag and throws straight up into player 1, who stands in the way;
@@ -48,11 +48,11 @@ Shot Trap::Throw(frmGrumbo& f, bool pause) {
         if (f.tmrMain.Enabled() || f.intFlightTime > 0)
             shot.path[f.intFlightTime] = f.imgProjectile->pos();
     };
-    f.txtAngle->setText(QStringLiteral("60"));
-    f.txtVel->setText(QStringLiteral("70"));
+    f.txtAngle->setText(QStringLiteral("20"));
+    f.txtVel->setText(QStringLiteral("30"));
     f.cmdThrow->click();
     if (pause) {
-        clock.RunUntil([&] { return f.intFlightTime >= 12; }, 5000);
+        clock.RunUntil([&] { return f.intFlightTime >= 5; }, 5000);
         Tap(ui::VkEscape);
         frmEndgame& box = frmEndgame::Instance();
         EXPECT_TRUE(box.Loaded());

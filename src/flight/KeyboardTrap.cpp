@@ -99,8 +99,8 @@ void frmGrumbo::tmrTrap_Timer() {
     if (Pressed(ui::VkEscape) && !FragLimitReached(*this) && Overlays().CanPause()) {
         blnFlightPaused = tmrMain.Enabled();
         if (blnFlightPaused) {
-            tmrMain.SetEnabled(false);
-            tmrCollision.SetEnabled(false);
+            tmrMain.Pause();
+            tmrCollision.Pause();
         }
         Overlays().ShowPause();
     }

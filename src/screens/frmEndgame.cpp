@@ -104,9 +104,10 @@ void frmEndgame::cmdPlay_Click() {
         blnInMatch = false;
         LeaveMatchFor(frmSplash::Instance());
     } else if (blnFlightPaused) {
-        // The flight counts its own ticks, so it goes on from the tick at which it froze.
-        match.tmrMain.SetEnabled(true);
-        match.tmrCollision.SetEnabled(true);
+        // The flight counts its own ticks and both timers go on with the countdowns they had, so
+        // the collision checks fall between the same flight steps as without the pause.
+        match.tmrMain.Resume();
+        match.tmrCollision.Resume();
     }
     Leave();
     if (resume && match.Loaded()) ui::GiveFocus(match.window());

@@ -52,9 +52,9 @@ void RealClock::WaitEvents(std::int32_t deadline) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-void RealClock::StartTimer(Timer& timer) {
+void RealClock::StartTimer(Timer& timer, int firstMs) {
     timer.qtTimer().setTimerType(Qt::PreciseTimer);
-    timer.qtTimer().start(timer.Interval());
+    timer.qtTimer().start(firstMs);
 }
 
 void RealClock::StopTimer(Timer& timer) { timer.qtTimer().stop(); }
@@ -63,9 +63,9 @@ VirtualClock::~VirtualClock() {
     if (current == this) current = nullptr;
 }
 
-void VirtualClock::StartTimer(Timer& timer) {
+void VirtualClock::StartTimer(Timer& timer, int firstMs) {
     StopTimer(timer);
-    active_.push_back({&timer, now_ + timer.Interval()});
+    active_.push_back({&timer, now_ + firstMs});
 }
 
 void VirtualClock::StopTimer(Timer& timer) {

@@ -20,7 +20,8 @@ public:
     // came.
     virtual void WaitEvents(std::int32_t deadline) = 0;
 
-    virtual void StartTimer(Timer& timer) = 0;
+    // Starts `timer` so that it first falls due after `firstMs`, then every interval.
+    virtual void StartTimer(Timer& timer, int firstMs) = 0;
     virtual void StopTimer(Timer& timer) = 0;
 };
 
@@ -40,7 +41,7 @@ public:
     std::int32_t TickCount() override;
     void DoEvents() override;
     void WaitEvents(std::int32_t deadline) override;
-    void StartTimer(Timer& timer) override;
+    void StartTimer(Timer& timer, int firstMs) override;
     void StopTimer(Timer& timer) override;
 };
 
@@ -54,7 +55,7 @@ public:
     // One pump moves time on by 1 ms and fires what became due.
     void DoEvents() override;
     void WaitEvents(std::int32_t deadline) override;
-    void StartTimer(Timer& timer) override;
+    void StartTimer(Timer& timer, int firstMs) override;
     void StopTimer(Timer& timer) override;
 
     // Runs at every pump, after the window events and before the timers: tests act there as a
