@@ -14,16 +14,26 @@ QString Relative(const QString& path) {
     return path.startsWith(root) ? path.mid(root.size()) : path;
 }
 
-testing::AssertionResult ShowsPicture(const ui::PictureBox& box, const QString& relative) {
+testing::AssertionResult ShowsPicture(const ui::PictureBox& box, const QString& relative,
+                                      const ui::PictureBox* behind) {
     ui::Surface picture;
     if (!picture.Load(modMain::DataFile(relative)))
         return testing::AssertionFailure() << "cannot read " << relative.toStdString();
     if (box.size() != QSize(picture.Width(), picture.Height()))
         return testing::AssertionFailure() << "a box of " << box.width() << " x " << box.height();
+    int seeThrough = 0;
     for (int y = 0; y < picture.Height(); ++y)
-        for (int x = 0; x < picture.Width(); ++x)
-            if (picture.Point(x, y) != ui::kWhite && box.Point(x, y) != picture.Point(x, y))
+        for (int x = 0; x < picture.Width(); ++x) {
+            std::int32_t want = picture.Point(x, y);
+            if (want == ui::kWhite) {
+                if (!behind) continue;
+                ++seeThrough;
+                want = behind->Point(box.Left() + x, box.Top() + y);
+            }
+            if (box.Point(x, y) != want)
                 return testing::AssertionFailure() << "another pixel at " << x << ", " << y;
+        }
+    if (behind && seeThrough == 0) return testing::AssertionFailure() << "no white to see through";
     return testing::AssertionSuccess();
 }
 

@@ -32,8 +32,9 @@ public:
 QString Relative(const QString& path);
 
 // The box has the size of the picture file `relative` of the data folder and shows its every pixel
-// but the see-through white ones.
-testing::AssertionResult ShowsPicture(const ui::PictureBox& box, const QString& relative);
+// but the see-through white ones; given `behind`, those show what `behind` has at their place.
+testing::AssertionResult ShowsPicture(const ui::PictureBox& box, const QString& relative,
+                                      const ui::PictureBox* behind = nullptr);
 
 class GameTest : public ::testing::Test {
 protected:

@@ -106,18 +106,6 @@ TEST_F(Endgame, EveryButtonOfBothUsesLeadsWhereItShould) {
     }
 }
 
-TEST_F(Endgame, AfterAPauseTheGameOverBoxHasItsOwnCaptionsAgain) {
-    intFragLimit = 1;
-    frmGrumbo& f = StartMatch(2);
-    Tap(ui::VkEscape);
-    ASSERT_EQ(BoxTexts(), kPausedBox);
-    box.cmdPlay->click();
-    PutInThePathOfAnUpwardThrow(f, 1);
-    ASSERT_TRUE(PlayThrow(clock, f, 90, 50));
-    ASSERT_TRUE(WaitForBox());
-    EXPECT_EQ(BoxTexts(), kGameOverBox);
-}
-
 TEST_F(Endgame, ASecondMatchAfterPlayAgainStartsAfreshButKeepsWhatNothingResets) {
     intFragLimit = 2;
     intWindExtremity = 0;
