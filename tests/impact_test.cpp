@@ -353,12 +353,10 @@ TEST_F(Impact, FinalBoardDarkensOddRowsAndListsEveryPlayer) {
 
     EXPECT_EQ(f.lblcRound->text(), QStringLiteral("1")) << "rounds played";
     EXPECT_EQ(f.strFragged, QStringLiteral("1")) << "no new city after the last round";
-    EXPECT_EQ(f.lbl2->text(), QStringLiteral("1"));
-    EXPECT_EQ(f.lbl4->text(), QStringLiteral("0"));
-    EXPECT_EQ(f.lblAccuracy[0]->text(), QStringLiteral("66 %"));
-    EXPECT_EQ(f.lblAccuracy[1]->text(), QStringLiteral("75 %"));
-    EXPECT_EQ(f.lblFrags[0]->text(), QStringLiteral("2"));
-    EXPECT_EQ(f.lblPoints[0]->text(), QStringLiteral("25000"));
+    const QStringList board{f.lbl2->text(),           f.lbl4->text(),
+                            f.lblAccuracy[0]->text(), f.lblAccuracy[1]->text(),
+                            f.lblFrags[0]->text(),    f.lblPoints[0]->text()};
+    EXPECT_EQ(board, (QStringList{"1", "0", "66 %", "75 %", "2", "25000"}));
     EXPECT_FALSE(f.lbl8->isHidden() || f.lblName[1]->isHidden());
     EXPECT_TRUE(f.lblName[2]->isHidden() && f.picArrow->isHidden());
     EXPECT_EQ(f.Player[0]->Top(), field::kOutOfPlay);

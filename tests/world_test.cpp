@@ -4,6 +4,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <set>
+#include <tuple>
 
 #include "TestSupport.h"
 #include "modmain/modMain.h"
@@ -400,13 +401,10 @@ TEST_F(World, EveryTuneChangesAtItsLengthAndMusicStopsWithTheScreen) {
 
 TEST_F(World, SecondMatchResetsScoresAndANewRoundKeepsThem) {
     const MatchSettings s = SetupDefaults();
-    EXPECT_EQ(s.dblGravity, 9.8);
-    EXPECT_EQ(s.intFragLimit, 3);
-    EXPECT_EQ(s.intWindExtremity, 20);
-    EXPECT_EQ(s.intBuildingHeight, 8);
-    EXPECT_EQ(s.intGameType, 1);
-    EXPECT_EQ(s.intTimeOfDay, 1);
-    EXPECT_TRUE(s.blnWindGusts && s.blnMusic);
+    EXPECT_EQ(std::tuple(s.dblGravity, int{s.intFragLimit}, int{s.intWindExtremity},
+                         int{s.intBuildingHeight}, int{s.intGameType}, int{s.intTimeOfDay},
+                         s.blnWindGusts, s.blnMusic),
+              std::tuple(9.8, 3, 20, 8, 1, 1, true, true));
 
     frmGrumbo& f = StartMatch(4);
     for (QLabel* line : f.lblPlayerPoints) EXPECT_TRUE(line->isVisible());
