@@ -1,6 +1,7 @@
 // The box over the match in both its uses, game over and pause: when it opens, what its buttons
 // lead to, and what a second match after "Play Again" starts with.
 #include <QLineEdit>
+#include <QPointer>
 #include <QRegularExpression>
 #include <tuple>
 
@@ -56,6 +57,11 @@ TEST_F(Endgame, OpensFiveSecondsAfterTheFinalBoardWithARaisedEdge) {
     }
     EXPECT_NE(Pixel(shot, 1, 1), light) << "lines one pixel wide";
     EXPECT_NE(Pixel(shot, 254, 76), dark);
+
+    // Closing the match window under it takes the box away at once, not when the window goes.
+    const QPointer<QWidget> open = w;
+    f.window()->close();
+    EXPECT_TRUE(open.isNull() || !open->isVisible());
 }
 
 TEST_F(Endgame, EveryButtonOfBothUsesLeadsWhereItShould) {
