@@ -98,16 +98,19 @@ TEST(DataFiles, EveryTuneLastsItsScheduledTime) {
     }
 }
 
-// The colours a sprite uses besides white; `darkest` gets the one with the lowest sum of parts.
-std::set<std::uint32_t> coloursOf(const grumbo::Sprite& s, std::uint32_t* darkest = nullptr) {
+// The colours a sprite uses besides white.
+std::set<std::uint32_t> coloursOf(const grumbo::Sprite& s) {
     std::set<std::uint32_t> used;
     for (std::uint32_t c : s.rgb)
         if (c != kWhite) used.insert(c);
-    auto sum = [](std::uint32_t c) { return ((c >> 16) & 0xFF) + ((c >> 8) & 0xFF) + (c & 0xFF); };
-    if (darkest && !used.empty())
-        *darkest = *std::min_element(used.begin(), used.end(),
-                                     [&](auto a, auto b) { return sum(a) < sum(b); });
     return used;
+}
+
+// The stem's colour: the one with the lowest sum of red, green and blue.
+std::uint32_t darkest(const std::set<std::uint32_t>& colours) {
+    auto sum = [](std::uint32_t c) { return ((c >> 16) & 0xFF) + ((c >> 8) & 0xFF) + (c & 0xFF); };
+    return *std::min_element(colours.begin(), colours.end(),
+                             [&](auto a, auto b) { return sum(a) < sum(b); });
 }
 
 TEST(ProjectileArt, FramesSpinClockwiseAndTheSelectorIconsShowTheirKindInAWhiteFrame) {
@@ -115,9 +118,9 @@ TEST(ProjectileArt, FramesSpinClockwiseAndTheSelectorIconsShowTheirKindInAWhiteF
     const std::pair<bool, bool> stemCorner[4] = {
         {true, true}, {false, true}, {false, false}, {true, false}};
     for (int kind = 0; kind < 4; ++kind) {
-        std::uint32_t stem = 0;
-        const std::set<std::uint32_t> palette = coloursOf(grumbo::projectileFrame(kind, 0), &stem);
-        EXPECT_GE(palette.size(), 4u) << "shading colours missing";
+        const std::set<std::uint32_t> palette = coloursOf(grumbo::projectileFrame(kind, 0));
+        ASSERT_GE(palette.size(), 4u) << "shading colours missing";
+        const std::uint32_t stem = darkest(palette);
         for (int frame = 0; frame < 4; ++frame) {
             SCOPED_TRACE("kind " + std::to_string(kind) + " frame " + std::to_string(frame));
             const grumbo::Sprite s = grumbo::projectileFrame(kind, frame);
@@ -138,9 +141,12 @@ TEST(ProjectileArt, FramesSpinClockwiseAndTheSelectorIconsShowTheirKindInAWhiteF
         }
         const grumbo::Sprite icon = grumbo::selectorIcon(kind);
         ASSERT_TRUE(icon.width == 12 && icon.height == 12 && icon.rgb.size() == 144u);
-        for (int i = 0; i < 12; ++i)
-            for (std::size_t at : {i, 132 + i, 12 * i, 12 * i + 11})
-                EXPECT_EQ(icon.rgb[at], kWhite) << "frame pixel " << at;
+        for (int y = 0; y < 12; ++y)
+            for (int x = 0; x < 12; ++x)
+                if (x % 11 == 0 || y % 11 == 0) {
+                    EXPECT_EQ(icon.rgb[static_cast<std::size_t>(y * 12 + x)], kWhite)
+                        << x << "," << y;
+                }
         const std::set<std::uint32_t> shown = coloursOf(icon);
         EXPECT_TRUE(std::includes(palette.begin(), palette.end(), shown.begin(), shown.end()) &&
                     shown.size() >= 3)
