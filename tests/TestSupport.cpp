@@ -1,90 +1,55 @@
 #include "TestSupport.h"
 
-#include "app/ScreenFlow.h"
-#include "core/Random.h"
-#include "modmain/modMain.h"
-#include "screens/frmLoading.h"
+#include <QApplication>
+#include <QRegularExpression>
+
 #include "ui/MessageBox.h"
-#include "ui/Program.h"
+#include "ui/Window.h"
 
 namespace testing_support {
 
+core::DataFolder ShippedData() { return core::DataFolder(QStringLiteral(GRUMBO_DATA_DIR)); }
+
 QString Relative(const QString& path) {
-    const QString root = QStringLiteral(GRUMBO_DATA_DIR "/");
-    return path.startsWith(root) ? path.mid(root.size()) : path;
+    const qsizetype at = path.lastIndexOf(QRegularExpression(
+        QStringLiteral("/(sounds|midi|characters|Explosion-2\\.au|Credits\\.txt|pIndication)")));
+    return at < 0 ? path : path.mid(at + 1);
 }
 
-testing::AssertionResult ShowsPicture(const ui::PictureBox& box, const QString& relative,
-                                      const ui::PictureBox* behind) {
-    ui::Surface picture;
-    if (!picture.Load(modMain::DataFile(relative)))
-        return testing::AssertionFailure() << "cannot read " << relative.toStdString();
-    if (box.size() != QSize(picture.Width(), picture.Height()))
-        return testing::AssertionFailure() << "a box of " << box.width() << " x " << box.height();
-    int seeThrough = 0;
-    for (int y = 0; y < picture.Height(); ++y)
-        for (int x = 0; x < picture.Width(); ++x) {
-            std::int32_t want = picture.Point(x, y);
-            if (want == ui::kWhite) {
-                if (!behind) continue;
-                ++seeThrough;
-                want = behind->Point(box.Left() + x, box.Top() + y);
-            }
-            if (box.Point(x, y) != want)
-                return testing::AssertionFailure() << "another pixel at " << x << ", " << y;
-        }
-    if (behind && seeThrough == 0) return testing::AssertionFailure() << "no white to see through";
-    return testing::AssertionSuccess();
+void ScreensTest::SetUp() {
+    ui::setClock(&clock);
+    ui::setMessageHook([this](const QString& text) { messages << text; });
+    // A blinking text cursor would make pictures of the screens depend on the real time.
+    QApplication::setCursorFlashTime(0);
 }
 
-void GameTest::SetUp() {
-    ui::SetClock(&clock);
-    grumbo::WireScreens();
-    media::Audio::Install(&effects, &music);
-    modMain::SetAppPath(QStringLiteral(GRUMBO_DATA_DIR));
-    ui::SetMsgBoxHook([this](const QString& text) { messages.push_back(text); });
-    ui::SetEndProgramHook([this] { ++programEnds; });
-    modMain::ResetProgramValues();
-    modMain::ApplySettings(modMain::SetupDefaults());
-    grumbo::ScriptRnd(nullptr, 0);
-    characters = QStringList{QStringLiteral("Classic Grumbo"), QStringLiteral("Rapper Grumbo"),
-                             QStringLiteral("Robo Grumbo"), QStringLiteral("Suit Grumbo")};
+void ScreensTest::TearDown() {
+    flow.reset();
+    ui::destroyAllWindows();
+    clock.advance(20);
+    ui::setMessageHook(nullptr);
+    ui::setClock(nullptr);
 }
 
-void GameTest::TearDown() {
-    LeaveMatch();
-    frmLoading::Instance().onProgress = nullptr;
-    frmLoading::Instance().onStatus = nullptr;
-    frmLoading::Instance().Unload();
-    clock.Advance(5);  // lets closed windows go
-    grumbo::PinSeed(std::nullopt);
-    grumbo::ScriptRnd(nullptr, 0);
-    ui::SetEndProgramHook(nullptr);
-    ui::SetMsgBoxHook(nullptr);
-    media::Audio::Install(nullptr, nullptr);
-    ui::SetClock(nullptr);
+app::ScreenFlow& ScreensTest::StartProgram(const core::DataFolder& data, std::uint64_t seed) {
+    flow = std::make_unique<app::ScreenFlow>(
+        app::Services{sound, keys, data, [seed] { return seed; }, [this] { ++quits; }});
+    flow->start();
+    return *flow;
 }
 
-frmGrumbo& GameTest::StartMatch(int players, std::uint64_t seed) {
-    using namespace modMain;
-    intGameType = static_cast<grumbo::Integer>(players / 2);
-    intPlayers = static_cast<grumbo::Integer>(players);
-    for (int i = 0; i < 4; ++i) {
-        strPlayerName[i] = QStringLiteral("Player %1").arg(i + 1);
-        strCharacter[i] = characters.value(i);
-    }
-    grumbo::PinSeed(seed);
-    frmGrumbo& f = frmGrumbo::Instance();
-    f.Show();
-    return f;
+void ScreensTest::Tap(int key) {
+    keys.press(key);
+    clock.advance(25);
+    keys.release(key);
+    clock.advance(25);
 }
 
-void GameTest::LeaveMatch() {
-    frmGrumbo& f = frmGrumbo::Instance();
-    if (!f.Loaded()) return;
-    modMain::blnInMatch = false;
-    f.Unload();
-    clock.Advance(5);
+QStringList ScreensTest::VisibleWindows() {
+    QStringList titles;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w->isVisible()) titles << w->windowTitle();
+    return titles;
 }
 
 }  // namespace testing_support

@@ -1,59 +1,56 @@
 #pragma once
-// Shared ground for tests that drive the real screens: a virtual clock, recorded sound and
-// music, the source tree's data folder, a fixed random seed, and message boxes and the program's
-// end caught instead of blocking or exiting.
+// Shared ground for tests of the screens: a virtual clock, recorded sound, keys a test presses,
+// messages caught instead of shown, and the screen flow of a whole program.
 #include <gtest/gtest.h>
 
-#include <QString>
 #include <QStringList>
+#include <memory>
 
-#include "match/frmGrumbo.h"
-#include "media/Audio.h"
+#include "app/ScreenFlow.h"
+#include "media/Sound.h"
 #include "ui/Clock.h"
+#include "ui/Keyboard.h"
 
 namespace testing_support {
 
-class RecordingEffects : public media::EffectService {
-public:
-    void Play(const QString& file) override { played.push_back(file); }
-    QStringList played;
-};
-
-class RecordingMusic : public media::MusicService {
-public:
-    void Play(const QString& file) override { commands.push_back(QStringLiteral("play ") + file); }
-    void Close(const QString& file) override {
-        commands.push_back(QStringLiteral("close ") + file);
-    }
-    QStringList commands;
-};
-
-// The file name after the data folder ("sounds/throw.wav") of a recorded path.
+// The source tree's data folder.
+core::DataFolder ShippedData();
+// `path` inside its data folder ("sounds/throw.wav").
 QString Relative(const QString& path);
 
-// The box has the size of the picture file `relative` of the data folder and shows its every pixel
-// but the see-through white ones; given `behind`, those show what `behind` has at their place.
-testing::AssertionResult ShowsPicture(const ui::PictureBox& box, const QString& relative,
-                                      const ui::PictureBox* behind = nullptr);
+// What the game asks to be played, by the files' places in the data folder; tunes as
+// "play midi/3.mid" or "close midi/3.mid".
+class RecordingSound : public media::Sound {
+public:
+    void playEffect(const QString& file) override { effects << Relative(file); }
+    void playTune(const QString& file) override {
+        tunes << QStringLiteral("play ") + Relative(file);
+    }
+    void closeTune(const QString& file) override {
+        tunes << QStringLiteral("close ") + Relative(file);
+    }
+    QStringList effects, tunes;
+};
 
-class GameTest : public ::testing::Test {
+class ScreensTest : public ::testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;
 
-    // Starts a match on the match screen with the setup defaults and `players` players;
-    // returns once the first round stands.
-    frmGrumbo& StartMatch(int players = 2, std::uint64_t seed = 42);
-    // Leaves the match as the game-over screen does, without ending the program.
-    void LeaveMatch();
+    // A program started on its title screen, seeding every match with `seed`.
+    app::ScreenFlow& StartProgram(const core::DataFolder& data = ShippedData(),
+                                  std::uint64_t seed = 42);
+    // Holds `key` down long enough for one poll of the match's keyboard trap.
+    void Tap(int key);
+    // Titles of the windows a player could see now.
+    static QStringList VisibleWindows();
 
-    // The characters of players 1 to 4 in the next StartMatch.
-    QStringList characters;
     ui::VirtualClock clock;
-    RecordingEffects effects;
-    RecordingMusic music;
+    RecordingSound sound;
+    ui::Keyboard keys;
     QStringList messages;
-    int programEnds = 0;
+    int quits = 0;
+    std::unique_ptr<app::ScreenFlow> flow;
 };
 
 }  // namespace testing_support

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "assetcheck/DataFiles.h"
-#include "media/ProjectileArt.h"
+#include "game/ProjectileArt.h"
 
 namespace {
 
@@ -98,11 +98,13 @@ TEST(DataFiles, EveryTuneLastsItsScheduledTime) {
     }
 }
 
-// The colours a sprite uses besides white.
-std::set<std::uint32_t> coloursOf(const grumbo::Sprite& s) {
+// The colours a picture uses besides white.
+std::set<std::uint32_t> coloursOf(const core::Canvas& c) {
     std::set<std::uint32_t> used;
-    for (std::uint32_t c : s.rgb)
-        if (c != kWhite) used.insert(c);
+    for (int y = 0; y < c.height(); ++y)
+        for (int x = 0; x < c.width(); ++x)
+            if (c.point(x, y) != core::kWhite)
+                used.insert(static_cast<std::uint32_t>(c.point(x, y).value()));
     return used;
 }
 
@@ -117,46 +119,41 @@ TEST(ProjectileArt, FramesSpinClockwiseAndTheSelectorIconsShowTheirKindInAWhiteF
     // Stem corner per frame as (right?, bottom?): bottom-right, bottom-left, top-left, top-right.
     const std::pair<bool, bool> stemCorner[4] = {
         {true, true}, {false, true}, {false, false}, {true, false}};
-    for (int kind = 0; kind < 4; ++kind) {
-        const std::set<std::uint32_t> palette = coloursOf(grumbo::projectileFrame(kind, 0));
+    for (int k = 0; k < game::kKinds; ++k) {
+        const auto kind = static_cast<game::ProjectileKind>(k);
+        const std::set<std::uint32_t> palette = coloursOf(game::projectileFrame(kind, 0));
         ASSERT_GE(palette.size(), 4u) << "shading colours missing";
         const std::uint32_t stem = darkest(palette);
-        for (int frame = 0; frame < 4; ++frame) {
-            SCOPED_TRACE("kind " + std::to_string(kind) + " frame " + std::to_string(frame));
-            const grumbo::Sprite s = grumbo::projectileFrame(kind, frame);
+        for (int frame = 0; frame < game::kFrames; ++frame) {
+            SCOPED_TRACE("kind " + std::to_string(k) + " frame " + std::to_string(frame));
+            const core::Canvas& s = game::projectileFrame(kind, frame);
             // The war projectile's 11 x 10 frames turn on their side; the others are 10 x 10.
-            EXPECT_EQ(s.width, kind == 2 && frame % 2 == 0 ? 11 : 10);
-            EXPECT_EQ(s.height, kind == 2 && frame % 2 == 1 ? 11 : 10);
-            ASSERT_EQ(s.rgb.size(), static_cast<std::size_t>(s.width * s.height));
+            const bool war = kind == game::ProjectileKind::War;
+            EXPECT_EQ(s.width(), war && frame % 2 == 0 ? 11 : 10);
+            EXPECT_EQ(s.height(), war && frame % 2 == 1 ? 11 : 10);
             EXPECT_EQ(coloursOf(s), palette) << "a turned frame keeps its colours";
             double sx = 0, sy = 0;
             int stemPixels = 0;
-            for (int y = 0; y < s.height; ++y)
-                for (int x = 0; x < s.width; ++x)
-                    if (s.rgb[static_cast<std::size_t>(y * s.width + x)] == stem)
+            for (int y = 0; y < s.height(); ++y)
+                for (int x = 0; x < s.width(); ++x)
+                    if (static_cast<std::uint32_t>(s.point(x, y).value()) == stem)
                         sx += x, sy += y, ++stemPixels;
             ASSERT_GT(stemPixels, 0);
-            EXPECT_EQ(sx / stemPixels > (s.width - 1) / 2.0, stemCorner[frame].first);
-            EXPECT_EQ(sy / stemPixels > (s.height - 1) / 2.0, stemCorner[frame].second);
+            EXPECT_EQ(sx / stemPixels > (s.width() - 1) / 2.0, stemCorner[frame].first);
+            EXPECT_EQ(sy / stemPixels > (s.height() - 1) / 2.0, stemCorner[frame].second);
         }
-        const grumbo::Sprite icon = grumbo::selectorIcon(kind);
-        ASSERT_TRUE(icon.width == 12 && icon.height == 12 && icon.rgb.size() == 144u);
+        const core::Canvas& icon = game::selectorIcon(kind);
+        ASSERT_TRUE(icon.width() == 12 && icon.height() == 12);
         for (int y = 0; y < 12; ++y)
             for (int x = 0; x < 12; ++x)
                 if (x % 11 == 0 || y % 11 == 0) {
-                    EXPECT_EQ(icon.rgb[static_cast<std::size_t>(y * 12 + x)], kWhite)
-                        << x << "," << y;
+                    EXPECT_EQ(icon.point(x, y), core::kWhite) << x << "," << y;
                 }
         const std::set<std::uint32_t> shown = coloursOf(icon);
         EXPECT_TRUE(std::includes(palette.begin(), palette.end(), shown.begin(), shown.end()) &&
                     shown.size() >= 3)
-            << "kind " << kind;
+            << "kind " << k;
     }
-    EXPECT_TRUE(grumbo::projectileFrame(4, 0).rgb.empty());
-    EXPECT_TRUE(grumbo::projectileFrame(-1, 0).rgb.empty());
-    EXPECT_TRUE(grumbo::projectileFrame(0, 4).rgb.empty());
-    EXPECT_EQ(grumbo::projectileFrame(1, -1).width, 0);
-    EXPECT_TRUE(grumbo::selectorIcon(4).rgb.empty());
 }
 
 TEST(DataFiles, CreditsCountTheirLinesAndFitTheScroll) {

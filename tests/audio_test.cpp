@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <mutex>
 
-#include "media/SdlAudio.h"
+#include "media/Sound.h"
 
 namespace {
 
@@ -37,7 +37,7 @@ QByteArray SteadyWav(int frames, qint16 level) {
 
 }  // namespace
 
-TEST(SdlEffects, AnEffectPlaysOnceFromStartToEnd) {
+TEST(SdlSound, AnEffectPlaysOnceFromStartToEnd) {
     QTemporaryDir dir;
     const QString wav = dir.filePath(QStringLiteral("steady.wav"));
     const QString recording = dir.filePath(QStringLiteral("recording.raw"));
@@ -45,29 +45,27 @@ TEST(SdlEffects, AnEffectPlaysOnceFromStartToEnd) {
     ASSERT_TRUE(out.open(QIODevice::WriteOnly) && out.write(SteadyWav(4410, 1000)) > 0);
     out.close();
     // The device is opened afresh on the recording driver, which writes a buffer a millisecond.
-    media::CloseSdlAudio();
     setenv("SDL_AUDIODRIVER", "disk", 1);
     setenv("SDL_DISKAUDIOFILE", QFile::encodeName(recording).constData(), 1);
     setenv("SDL_DISKAUDIODELAY", "1", 1);
-    const bool open = media::OpenSdlAudio();
-    if (open) {
-        finished = false;
-        Mix_ChannelFinished([](int) {
-            std::lock_guard<std::mutex> hold(finishedLock);
-            finished = true;
-            finishedSignal.notify_all();
-        });
-        media::SdlEffects effects;
-        effects.Play(wav);
-        {
+    bool open = false;
+    {
+        media::SdlSound effects;
+        open = media::openAudioDevice();
+        if (open) {
+            finished = false;
+            Mix_ChannelFinished([](int) {
+                std::lock_guard<std::mutex> hold(finishedLock);
+                finished = true;
+                finishedSignal.notify_all();
+            });
+            effects.playEffect(wav);
             std::unique_lock<std::mutex> hold(finishedLock);
             EXPECT_TRUE(
                 finishedSignal.wait_for(hold, std::chrono::seconds(20), [] { return finished; }));
+            Mix_ChannelFinished(nullptr);
         }
-        Mix_ChannelFinished(nullptr);
-        effects.Stop();
-        media::CloseSdlAudio();  // the driver writes out the last buffer and closes the file
-    }
+    }  // closing the device writes out the last buffer and closes the file
     setenv("SDL_AUDIODRIVER", "dummy", 1);
     unsetenv("SDL_DISKAUDIOFILE");
     unsetenv("SDL_DISKAUDIODELAY");

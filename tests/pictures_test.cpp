@@ -1,5 +1,7 @@
 // Pictures are read whole or refused with a reason, and a match started with a broken, missing or
 // wrongly sized character picture says which file cannot be used and plays on with a stand-in.
+#include "screens/Pictures.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -8,10 +10,8 @@
 #include <memory>
 #include <vector>
 
-#include "MatchDriver.h"
 #include "TestSupport.h"
-#include "modmain/modMain.h"
-#include "ui/Bitmap.h"
+#include "core/Bitmap.h"
 
 using namespace testing_support;
 
@@ -96,18 +96,18 @@ TEST(Bitmap, ReadsEveryPixelAtEachDepthInEitherRowOrder) {
             const QString path = dir.filePath(QStringLiteral("p.bmp"));
             Write(path, Bmp(3, 2, px, bits, topDown));
             QImage img;
-            ASSERT_TRUE(ui::ReadBitmap(path, img));
+            ASSERT_TRUE(core::readBitmap(path, img));
             ASSERT_EQ(img.size(), QSize(3, 2));
             for (int y = 0; y < 2; ++y)
                 for (int x = 0; x < 3; ++x) EXPECT_EQ(img.pixel(x, y), px[std::size_t(y * 3 + x)]);
         }
     // The largest side the reader takes, and one pixel more.
     const QString wide = dir.filePath(QStringLiteral("wide.bmp"));
-    Write(wide, Bmp(ui::kMaxPictureSide, 1, std::vector<QRgb>(ui::kMaxPictureSide, 0)));
+    Write(wide, Bmp(core::kMaxPictureSide, 1, std::vector<QRgb>(core::kMaxPictureSide, 0)));
     QImage img;
-    EXPECT_TRUE(ui::ReadBitmap(wide, img));
-    Write(wide, Bmp(ui::kMaxPictureSide + 1, 1, std::vector<QRgb>(ui::kMaxPictureSide + 1, 0)));
-    EXPECT_FALSE(ui::ReadBitmap(wide, img));
+    EXPECT_TRUE(core::readBitmap(wide, img));
+    Write(wide, Bmp(core::kMaxPictureSide + 1, 1, std::vector<QRgb>(core::kMaxPictureSide + 1, 0)));
+    EXPECT_FALSE(core::readBitmap(wide, img));
 }
 
 TEST(Bitmap, RefusesWhatItCannotReadWholeAndSaysWhy) {
@@ -152,30 +152,27 @@ TEST(Bitmap, RefusesWhatItCannotReadWholeAndSaysWhy) {
         const QString path = dir.filePath(QStringLiteral("bad.bmp"));
         Write(path, bytes);
         QImage img(1, 1, QImage::Format_RGB32);
-        ui::PictureError why;
-        EXPECT_FALSE(ui::ReadBitmap(path, img, &why));
+        core::PictureError why;
+        EXPECT_FALSE(core::readBitmap(path, img, &why));
         EXPECT_FALSE(why.missing);
         EXPECT_TRUE(why.reason.contains(QLatin1String(c.reason))) << why.reason.toStdString();
         EXPECT_EQ(img.size(), QSize(1, 1)) << "the image is left as it was";
     }
-    ui::PictureError why;
+    core::PictureError why;
     QImage img;
-    EXPECT_FALSE(ui::ReadBitmap(dir.filePath(QStringLiteral("none.bmp")), img, &why));
+    EXPECT_FALSE(core::readBitmap(dir.filePath(QStringLiteral("none.bmp")), img, &why));
     EXPECT_TRUE(why.missing);
 }
 
-class BrokenPictures : public GameTest {
+class BrokenPictures : public ScreensTest {
 protected:
-    // A data folder with the shipped characters and turn marker, and the character "Broken"
-    // whose throwing poses are Rapper Grumbo's and whose standing picture is `standing` (none
-    // when empty).
-    void UseDataFolder(const QByteArray& standing, const QByteArray& marker = {}) {
+    // A data folder with the character "Broken" whose throwing poses are Rapper Grumbo's and whose
+    // standing picture is `standing` (none when empty), and the turn marker `marker` (the
+    // shipped one when empty).
+    core::DataFolder DataFolder(const QByteArray& standing, const QByteArray& marker = {}) {
         dir = std::make_unique<QTemporaryDir>();
         const QString from = QStringLiteral(GRUMBO_DATA_DIR "/");
         QDir(dir->path()).mkdir(QStringLiteral("characters"));
-        for (const char* suffix : {"", "1", "2"})
-            QFile::copy(from + QStringLiteral("characters/Classic Grumbo%1.bmp").arg(suffix),
-                        Path(QStringLiteral("characters/Classic Grumbo%1.bmp").arg(suffix)));
         for (const char* suffix : {"1", "2"})
             QFile::copy(from + QStringLiteral("characters/Rapper Grumbo%1.bmp").arg(suffix),
                         Path(QStringLiteral("characters/Broken%1.bmp").arg(suffix)));
@@ -183,15 +180,14 @@ protected:
         if (marker.isEmpty())
             QFile::copy(from + QStringLiteral("pIndication.bmp"), Path("pIndication.bmp"));
         else Write(Path("pIndication.bmp"), marker);
-        modMain::SetAppPath(dir->path());
-        characters[1] = QStringLiteral("Broken");
+        return core::DataFolder(dir->path());
     }
     QString Path(const QString& relative) const { return dir->filePath(relative); }
 
     std::unique_ptr<QTemporaryDir> dir;
 };
 
-TEST_F(BrokenPictures, AreNamedOnceAndAStandInPlays) {
+TEST_F(BrokenPictures, AreNamedOnceARunAndAStandInPlays) {
     QByteArray truncated = Figure(44, 70);
     truncated.truncate(truncated.size() / 2);
     QByteArray upsideDownAndHuge = Figure(44, 70);
@@ -199,7 +195,7 @@ TEST_F(BrokenPictures, AreNamedOnceAndAStandInPlays) {
     const struct {
         QByteArray standing;
         const char* message;  // what the message says of the file; none when nothing is wrong
-        QSize box{40, 60};    // the size the character then has
+        QSize size{40, 60};   // the size the character then has
         QByteArray marker{};
     } cases[] = {
         {truncated, "cannot be read: the file is cut"},
@@ -218,9 +214,11 @@ TEST_F(BrokenPictures, AreNamedOnceAndAStandInPlays) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.message ? c.message : "a usable picture");
-        UseDataFolder(c.standing, c.marker);
+        screens::Pictures pictures(DataFolder(c.standing, c.marker));
         messages.clear();
-        frmGrumbo& f = StartMatch(2);
+        const game::CharacterArt art = pictures.character(QStringLiteral("Broken"));
+        const core::Canvas marker = pictures.marker();
+        EXPECT_EQ(QSize(art.standing.width(), art.standing.height()), c.size);
         if (c.message) {
             ASSERT_EQ(messages.size(), 1);
             const QString file =
@@ -231,16 +229,9 @@ TEST_F(BrokenPictures, AreNamedOnceAndAStandInPlays) {
             EXPECT_TRUE(messages[0].contains(QLatin1String(c.message)))
                 << messages[0].toStdString();
         }
-        EXPECT_EQ(f.Player[1]->size(), c.box);
-        EXPECT_LE(f.Player[1]->Top(), field::kGroundLine);
-        // Both throw and miss; the stand-in is loaded again without a second message.
-        for (int thrower : {0, 1}) {
-            ASSERT_EQ(f.intCurrentPlayer, thrower);
-            ASSERT_TRUE(PlayThrow(clock, f, 135, 999));
-            EXPECT_EQ(f.intMisses[thrower], 1);
-        }
-        EXPECT_EQ(f.Player[1]->size(), c.box);
+        // The next match of the run reads the pictures again without a second message.
+        pictures.character(QStringLiteral("Broken"));
+        pictures.marker();
         EXPECT_EQ(messages.size(), c.message ? 1 : 0) << messages.join('\n').toStdString();
-        LeaveMatch();
     }
 }

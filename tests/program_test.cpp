@@ -7,14 +7,14 @@
 #include <vector>
 
 #include "app/CommandLine.h"
-#include "modmain/modMain.h"
+#include "core/DataFolder.h"
 #include "ui/Display.h"
 
 namespace {
 
 struct Parsed {
     std::optional<int> status;
-    grumbo::Options options;
+    app::Options options;
     std::string out, err;
 };
 
@@ -28,7 +28,7 @@ Parsed Parse(const std::string& line) {
     Parsed r;
     std::ostringstream out, err;
     r.status =
-        grumbo::ParseCommandLine(static_cast<int>(argv.size()), argv.data(), r.options, out, err);
+        app::parseCommandLine(static_cast<int>(argv.size()), argv.data(), r.options, out, err);
     r.out = out.str();
     r.err = err.str();
     return r;
@@ -72,7 +72,7 @@ TEST(Display, AutomaticScaleFollowsTheScreenHeight) {
                  {3240, 1, 3}, {4320, 1, 4}, {8640, 1, 4},   {0, 1, 1},    {1600, 2, 2},
                  {2160, 2, 2}, {2160, 3, 3}, {1440, 1.5, 1}, {4320, 2, 4}};
     for (const auto& c : cases)
-        EXPECT_EQ(ui::AutomaticScale({c.height, c.ratio}), c.scale)
+        EXPECT_EQ(ui::automaticScale({c.height, c.ratio}), c.scale)
             << c.height << " px at ratio " << c.ratio;
 }
 
@@ -83,9 +83,10 @@ TEST(DataFolder, BesideTheProgramFirstThenTheInstalledShareFolder) {
          {"build/game/characters", "usr/bin", "usr/share/grumbo2/characters", "bare/bin"})
         ASSERT_TRUE(QDir(root.path()).mkpath(QLatin1String(dir)));
     const QString build = root.path() + QStringLiteral("/build/game");
-    EXPECT_EQ(modMain::DataFolderFor(build), build);
-    EXPECT_EQ(modMain::DataFolderFor(root.path() + QStringLiteral("/usr/bin")),
+    EXPECT_EQ(core::DataFolder::forProgram(build).root(), build);
+    EXPECT_EQ(core::DataFolder::forProgram(root.path() + QStringLiteral("/usr/bin")).root(),
               root.path() + QStringLiteral("/usr/share/grumbo2"));
     const QString bare = root.path() + QStringLiteral("/bare/bin");
-    EXPECT_EQ(modMain::DataFolderFor(bare), bare) << "nothing anywhere: the program's own folder";
+    EXPECT_EQ(core::DataFolder::forProgram(bare).root(), bare)
+        << "nothing anywhere: the program's own folder";
 }

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "ui/Program.h"
+#include "ui/Window.h"
 
 int main(int argc, char** argv) {
     // Test discovery runs this binary outside CTest's environment: choose the headless platform
@@ -28,6 +28,6 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     const int rc = RUN_ALL_TESTS();
-    ui::DestroyAllWindows();
+    ui::destroyAllWindows();
     return rc;
 }

@@ -3,13 +3,13 @@
 #include <charconv>
 #include <string_view>
 
-namespace grumbo {
+namespace app {
 
 namespace {
 
 constexpr int kMaxScale = 4;
 
-void Usage(std::ostream& s) {
+void usage(std::ostream& s) {
     s << "Usage: grumbo2 [--scale N] [--seed N]\n"
          "       grumbo2 --help | --version\n"
          "\n"
@@ -24,14 +24,14 @@ void Usage(std::ostream& s) {
 }
 
 template <class T>
-bool ReadNumber(std::string_view text, T& value) {
+bool readNumber(std::string_view text, T& value) {
     const char* end = text.data() + text.size();
     const auto [ptr, ec] = std::from_chars(text.data(), end, value);
     return ec == std::errc() && ptr == end && !text.empty();
 }
 
 // The value of an option given as "--name N" or "--name=N"; advances `i` past a separate value.
-std::optional<std::string_view> ValueOf(std::string_view arg, std::string_view name, int& i,
+std::optional<std::string_view> valueOf(std::string_view arg, std::string_view name, int& i,
                                         int argc, char** argv) {
     if (arg == name) {
         if (i + 1 >= argc) return std::string_view();
@@ -42,43 +42,43 @@ std::optional<std::string_view> ValueOf(std::string_view arg, std::string_view n
     return std::nullopt;
 }
 
-int Refuse(std::ostream& err, std::string_view what) {
+int refuse(std::ostream& err, std::string_view what) {
     err << "grumbo2: " << what << "\n\n";
-    Usage(err);
+    usage(err);
     return 2;
 }
 
 }  // namespace
 
-std::optional<int> ParseCommandLine(int argc, char** argv, Options& options, std::ostream& out,
+std::optional<int> parseCommandLine(int argc, char** argv, Options& options, std::ostream& out,
                                     std::ostream& err) {
     for (int i = 1; i < argc; ++i) {
         const std::string_view arg(argv[i]);
         if (arg == "--help" || arg == "-h") {
-            Usage(out);
+            usage(out);
             return 0;
         }
         if (arg == "--version") {
             out << "grumbo2 " << GRUMBO_VERSION << "\n";
             return 0;
         }
-        if (const auto value = ValueOf(arg, "--scale", i, argc, argv)) {
+        if (const auto value = valueOf(arg, "--scale", i, argc, argv)) {
             int scale = 0;
-            if (!ReadNumber(*value, scale) || scale < 1 || scale > kMaxScale)
-                return Refuse(err, "--scale takes a whole number from 1 to 4");
+            if (!readNumber(*value, scale) || scale < 1 || scale > kMaxScale)
+                return refuse(err, "--scale takes a whole number from 1 to 4");
             options.scale = scale;
             continue;
         }
-        if (const auto value = ValueOf(arg, "--seed", i, argc, argv)) {
+        if (const auto value = valueOf(arg, "--seed", i, argc, argv)) {
             std::uint64_t seed = 0;
-            if (!ReadNumber(*value, seed))
-                return Refuse(err, "--seed takes a whole number of 0 or more");
+            if (!readNumber(*value, seed))
+                return refuse(err, "--seed takes a whole number of 0 or more");
             options.seed = seed;
             continue;
         }
-        return Refuse(err, "unknown option " + std::string(arg));
+        return refuse(err, "unknown option " + std::string(arg));
     }
     return std::nullopt;
 }
 
-}  // namespace grumbo
+}  // namespace app

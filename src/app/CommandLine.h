@@ -4,7 +4,7 @@
 #include <optional>
 #include <ostream>
 
-namespace grumbo {
+namespace app {
 
 struct Options {
     // 1 to 4; none means: chosen from the screen.
@@ -16,7 +16,7 @@ struct Options {
 // Reads the options into `options`. Returns the exit status when the program should stop at
 // once: 0 after --help or --version (answered on `out`), 2 after an option it does not know or a
 // bad value (the usage goes to `err`).
-std::optional<int> ParseCommandLine(int argc, char** argv, Options& options, std::ostream& out,
+std::optional<int> parseCommandLine(int argc, char** argv, Options& options, std::ostream& out,
                                     std::ostream& err);
 
-}  // namespace grumbo
+}  // namespace app

@@ -1,43 +1,155 @@
 #include "app/ScreenFlow.h"
 
-#include "match/frmGrumbo.h"
-#include "screens/frmEndgame.h"
-#include "screens/frmLoading.h"
-#include "screens/frmSplash.h"
-#include "ui/Keyboard.h"
+#include <algorithm>
 
-namespace grumbo {
+namespace app {
 
 namespace {
-class ScreenOverlays : public MatchOverlays {
-public:
-    LoadingBox& Loading() override { return frmLoading::Instance(); }
-    void ShowGameOver() override { frmEndgame::Instance().ShowGameOver(Match()); }
-    bool CanPause() override { return !frmEndgame::Instance().Loaded(); }
-    void ShowPause() override { frmEndgame::Instance().ShowPause(Match()); }
-
-private:
-    static QWidget* Match() { return frmGrumbo::Instance().window(); }
-};
+// A screen that is done goes once the handler that ended it has returned.
+template <class Screen>
+void dismiss(QPointer<Screen>& screen) {
+    if (screen) {
+        screen->hide();
+        screen->deleteLater();
+    }
+    screen.clear();
+}
 }  // namespace
 
-QStringList IconFiles() {
-    QStringList files;
-    for (int size : {16, 22, 24, 32, 48, 64, 128, 256})
-        files << modMain::DataFile(QStringLiteral("icons/grumbo2-%1.png").arg(size));
-    return files;
+ScreenFlow::ScreenFlow(Services services)
+    : services_(std::move(services)), pictures_(services_.data) {}
+
+ScreenFlow::~ScreenFlow() {
+    for (QWidget* w :
+         std::initializer_list<QWidget*>{box_, match_, credits_, players_, setup_, title_})
+        delete w;
 }
 
-void WireScreens() {
-    static ScreenOverlays overlays;
-    // The match's keyboard trap reads the keys through it.
-    ui::Keyboard::instance().Install();
-    frmGrumbo::Instance().SetOverlays(&overlays);
+void ScreenFlow::start() { showTitle(); }
+
+void ScreenFlow::quit() { services_.quit(); }
+
+void ScreenFlow::showTitle() {
+    title_ = new screens::TitleScreen(services_.data, services_.sound, danceFrame_);
+    title_->onStart = [this] {
+        showSetup();
+        dismiss(title_);
+    };
+    // "Exit", or the close box of the only screen there is.
+    title_->onExit = title_->onClose = [this] { quit(); };
+    title_->showCentred();
 }
 
-void StartProgram() {
-    WireScreens();
-    frmSplash::Instance().Show();
+void ScreenFlow::showSetup() {
+    // The setup screen offers the usual game type, time of day and gravity at once.
+    const game::MatchSettings usual;
+    settings_.gravity = usual.gravity;
+    settings_.gameType = usual.gameType;
+    settings_.timeOfDay = usual.timeOfDay;
+    setup_ = new screens::SetupScreen;
+    setup_->onGameType = [this](game::GameType t) { settings_.gameType = t; };
+    setup_->onTimeOfDay = [this](game::TimeOfDay t) { settings_.timeOfDay = t; };
+    setup_->onNext = [this](const game::MatchSettings& s) {
+        settings_ = s;
+        showPlayers();
+        dismiss(setup_);
+    };
+    // Players who went back from player selection left it hidden; closing the setup screen closes
+    // it too, and that decides between a match and the program's end.
+    setup_->onClose = [this] {
+        dismiss(setup_);
+        if (players_) closePlayers();
+        else quit();
+    };
+    setup_->showCentred();
 }
 
-}  // namespace grumbo
+void ScreenFlow::showPlayers() {
+    if (!players_) {
+        players_ = new screens::PlayerScreen(services_.data, services_.sound);
+        players_->onChosen = [this](int player, const QString& name, const QString& character) {
+            names_[static_cast<std::size_t>(player)] = name;
+            characters_[static_cast<std::size_t>(player)] = character;
+        };
+        players_->onDone = [this] {
+            dismiss(players_);
+            startMatch();
+        };
+        players_->onBack = [this] {
+            showSetup();
+            players_->hide();
+        };
+        players_->onClose = [this] { closePlayers(); };
+    }
+    players_->begin(settings_.players());
+    players_->showCentred();
+}
+
+void ScreenFlow::closePlayers() {
+    dismiss(players_);
+    // Names and characters left from an earlier match of the run count as chosen.
+    const auto first = characters_.begin();
+    if (std::none_of(first, first + settings_.players(),
+                     [](const QString& c) { return c.isEmpty(); }))
+        startMatch();
+    else quit();
+}
+
+void ScreenFlow::startMatch() {
+    game::MatchSetup setup;
+    setup.settings = settings_;
+    for (int i = 0; i < settings_.players(); ++i) {
+        const auto k = static_cast<std::size_t>(i);
+        setup.players[k] = {names_[k], characters_[k], pictures_.character(characters_[k])};
+    }
+    setup.marker = pictures_.marker();
+    setup.seed = services_.seed();
+    setup.carry = carry_;
+    match_ = new screens::MatchView(setup, services_.sound, services_.keys, services_.data);
+    match_->onPaused = [this] { showBox(screens::MatchBox::Kind::Paused); };
+    match_->onGameOver = [this] { showBox(screens::MatchBox::Kind::GameOver); };
+    // Closing the match window during a match ends the program.
+    match_->onClose = [this] {
+        leaveMatch();
+        quit();
+    };
+    match_->showCentred();
+}
+
+void ScreenFlow::showBox(screens::MatchBox::Kind kind) {
+    dismiss(box_);
+    box_ = new screens::MatchBox(match_, kind);
+    box_->onChoice = [this](screens::MatchBox::Choice c) { choose(c); };
+}
+
+void ScreenFlow::choose(screens::MatchBox::Choice choice) {
+    using Choice = screens::MatchBox::Choice;
+    dismiss(box_);
+    switch (choice) {
+        case Choice::Resume: match_->resume(); return;
+        case Choice::StartOver: showSetup(); break;
+        case Choice::PlayAgain: showTitle(); break;
+        case Choice::ViewCredits: showCredits(); break;
+        case Choice::Quit: break;
+    }
+    leaveMatch();
+    if (choice == Choice::Quit) quit();
+}
+
+void ScreenFlow::leaveMatch() {
+    if (!match_) return;
+    carry_ = match_->match().carry();
+    dismiss(box_);
+    dismiss(match_);
+}
+
+void ScreenFlow::showCredits() {
+    credits_ = new screens::CreditsScreen(services_.data);
+    credits_->onLeave = credits_->onClose = [this] {
+        dismiss(credits_);
+        showTitle();
+    };
+    credits_->showCentred();
+}
+
+}  // namespace app

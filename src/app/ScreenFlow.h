@@ -1,14 +1,78 @@
 #pragma once
-// The top of the program: which screens exist and how they reach each other.
-#include <QStringList>
+// The screens and the way from one to the next: title, setup, player selection, the match with
+// its pause and game-over box, credits, and back to the title. The flow holds what outlives a
+// screen: the options, the players' names and characters, what a match leaves to the next one.
+#include <QPointer>
+#include <array>
+#include <functional>
 
-namespace grumbo {
+#include "core/DataFolder.h"
+#include "game/Match.h"
+#include "media/Sound.h"
+#include "screens/CreditsScreen.h"
+#include "screens/MatchBox.h"
+#include "screens/MatchView.h"
+#include "screens/Pictures.h"
+#include "screens/PlayerScreen.h"
+#include "screens/SetupScreen.h"
+#include "screens/TitleScreen.h"
 
-// Hands the match screen the boxes it shows over itself.
-void WireScreens();
-// The game's icon in every size it ships.
-QStringList IconFiles();
-// Opens the program's first screen.
-void StartProgram();
+namespace app {
 
-}  // namespace grumbo
+struct Services {
+    media::Sound& sound;
+    game::Keys& keys;
+    core::DataFolder data;
+    // The seed of the next match's random numbers.
+    std::function<std::uint64_t()> seed;
+    // Ends the program.
+    std::function<void()> quit;
+};
+
+class ScreenFlow {
+public:
+    explicit ScreenFlow(Services services);
+    ~ScreenFlow();
+    ScreenFlow(const ScreenFlow&) = delete;
+    ScreenFlow& operator=(const ScreenFlow&) = delete;
+
+    // The program starts on the title screen.
+    void start();
+
+    // The screens open now, none where a screen is not.
+    screens::TitleScreen* title() const { return title_; }
+    screens::SetupScreen* setup() const { return setup_; }
+    screens::PlayerScreen* players() const { return players_; }
+    screens::MatchView* match() const { return match_; }
+    screens::MatchBox* box() const { return box_; }
+    screens::CreditsScreen* credits() const { return credits_; }
+    const game::MatchSettings& settings() const { return settings_; }
+
+private:
+    void showTitle();
+    void showSetup();
+    void showPlayers();
+    void closePlayers();
+    void startMatch();
+    void showBox(screens::MatchBox::Kind kind);
+    void choose(screens::MatchBox::Choice choice);
+    void leaveMatch();
+    void showCredits();
+    void quit();
+
+    Services services_;
+    screens::Pictures pictures_;
+    game::MatchSettings settings_;
+    std::array<QString, 4> names_, characters_;
+    game::Carry carry_;
+    int danceFrame_ = 0;
+
+    QPointer<screens::TitleScreen> title_;
+    QPointer<screens::SetupScreen> setup_;
+    QPointer<screens::PlayerScreen> players_;
+    QPointer<screens::MatchView> match_;
+    QPointer<screens::MatchBox> box_;
+    QPointer<screens::CreditsScreen> credits_;
+};
+
+}  // namespace app

@@ -1,28 +1,51 @@
 #include <QApplication>
+#include <QDateTime>
 #include <iostream>
+#include <random>
 
 #include "app/CommandLine.h"
 #include "app/ScreenFlow.h"
-#include "core/Random.h"
-#include "media/Audio.h"
 #include "ui/Display.h"
-#include "ui/Program.h"
+#include "ui/Keyboard.h"
+#include "ui/Window.h"
+
+namespace {
+QStringList iconFiles(const core::DataFolder& data) {
+    QStringList files;
+    for (int size : {16, 22, 24, 32, 48, 64, 128, 256})
+        files << data.path(QStringLiteral("icons/grumbo2-%1.png").arg(size));
+    return files;
+}
+}  // namespace
 
 int main(int argc, char** argv) {
-    grumbo::Options options;
-    if (const auto status = grumbo::ParseCommandLine(argc, argv, options, std::cout, std::cerr))
+    app::Options options;
+    if (const auto status = app::parseCommandLine(argc, argv, options, std::cout, std::cerr))
         return *status;
-    const ui::ScreenInfo screen = ui::ProbeScreen(argc, argv);
-    ui::SetScale(options.scale.value_or(ui::AutomaticScale(screen)), screen);
+    const ui::ScreenInfo screen = ui::probeScreen(argc, argv);
+    ui::setScale(options.scale.value_or(ui::automaticScale(screen)), screen);
 
-    QApplication app(argc, argv);
-    app.setQuitOnLastWindowClosed(true);
-    grumbo::PinSeed(options.seed);
-    ui::SetWindowIcon(grumbo::IconFiles());
-    media::Audio::OpenDevice();
-    grumbo::StartProgram();
-    const int rc = app.exec();
-    ui::DestroyAllWindows();
-    media::Audio::CloseDevice();
-    return rc;
+    QApplication application(argc, argv);
+    // The screen flow decides when the program ends, not the last window that closes.
+    application.setQuitOnLastWindowClosed(false);
+    const core::DataFolder data =
+        core::DataFolder::forProgram(QCoreApplication::applicationDirPath());
+    ui::setWindowIcon(iconFiles(data));
+    ui::Keyboard keyboard;
+    keyboard.install();
+    std::random_device entropy;
+    const auto seed = [&]() -> std::uint64_t {
+        if (options.seed) return *options.seed;
+        return (std::uint64_t{entropy()} << 32) ^
+               static_cast<std::uint64_t>(QDateTime::currentMSecsSinceEpoch());
+    };
+    int status = 0;
+    {
+        media::SdlSound sound;
+        app::ScreenFlow flow({sound, keyboard, data, seed, [] { QCoreApplication::quit(); }});
+        flow.start();
+        status = QApplication::exec();
+        ui::destroyAllWindows();
+    }
+    return status;
 }

@@ -1,20 +1,31 @@
 #pragma once
-// The process-wide random generator: uniform values in [0, 1), reseeded at every match start,
-// and pinned to a fixed seed by tests, benchmarks, soak runs and players who want a repeatable
-// run.
+// Random numbers uniform in [0, 1). The order in which the game draws them is part of its rules,
+// so that a seed gives the same cities, winds and tunes from one release to the next.
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <deque>
+#include <random>
 
-namespace grumbo {
+namespace core {
 
-double Rnd();
-// Reseeds from `ticks` mixed with the system's entropy, or from the pinned seed when one is set.
-void Reseed(std::uint32_t ticks);
-void Seed(std::uint64_t seed);
-// With a value, every Reseed() reseeds with it, so a whole match is reproducible.
-void PinSeed(std::optional<std::uint64_t> seed);
-// Replaces the generator by a script of values (tests); an empty script goes back to random.
-void ScriptRnd(const double* values, std::size_t count);
+class Random {
+public:
+    explicit Random(std::uint64_t seed = 12345) : engine_(seed) {}
+    void seed(std::uint64_t seed) { engine_.seed(seed); }
+    // Uniform in [0, 1), never 1.
+    double next();
+    // One of 0 to n - 1: the whole part of n times a draw.
+    int below(int n);
+    // The next draws give these values first (tests that need a particular city or chance).
+    void queue(std::initializer_list<double> values) { queued_.insert(queued_.end(), values); }
+    template <class It>
+    void queue(It first, It last) {
+        queued_.insert(queued_.end(), first, last);
+    }
 
-}  // namespace grumbo
+private:
+    std::mt19937_64 engine_;
+    std::deque<double> queued_;
+};
+
+}  // namespace core

@@ -1,11 +1,11 @@
-#include "media/SdlAudio.h"
-
 #include <SDL.h>
 #include <SDL_mixer.h>
 #include <sndfile.h>
 
 #include <QFileInfo>
 #include <cstring>
+
+#include "media/Sound.h"
 
 namespace media {
 
@@ -19,17 +19,17 @@ const char* const kSoundFonts[] = {
     "/usr/share/sounds/sf2/FluidR3_GM.sf2",
 };
 
-void Put16(std::vector<unsigned char>& v, std::uint16_t x) {
+void put16(std::vector<unsigned char>& v, std::uint16_t x) {
     v.push_back(x & 0xFF);
     v.push_back(x >> 8);
 }
-void Put32(std::vector<unsigned char>& v, std::uint32_t x) {
-    Put16(v, x & 0xFFFF);
-    Put16(v, x >> 16);
+void put32(std::vector<unsigned char>& v, std::uint32_t x) {
+    put16(v, x & 0xFFFF);
+    put16(v, x >> 16);
 }
 }  // namespace
 
-bool OpenSdlAudio() {
+bool openAudioDevice() {
     if (deviceOpen) return true;
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
@@ -51,7 +51,7 @@ bool OpenSdlAudio() {
     return true;
 }
 
-void CloseSdlAudio() {
+void closeAudioDevice() {
     if (!deviceOpen) return;
     Mix_HaltChannel(-1);
     Mix_HaltMusic();
@@ -61,7 +61,7 @@ void CloseSdlAudio() {
     deviceOpen = false;
 }
 
-std::vector<unsigned char> DecodeToWav(const QString& file) {
+std::vector<unsigned char> decodeToWav(const QString& file) {
     SF_INFO info{};
     SNDFILE* sf = sf_open(QFile::encodeName(file).constData(), SFM_READ, &info);
     if (!sf) return {};
@@ -76,35 +76,41 @@ std::vector<unsigned char> DecodeToWav(const QString& file) {
     std::vector<unsigned char> wav;
     wav.reserve(44 + bytes);
     for (char c : std::string("RIFF")) wav.push_back(c);
-    Put32(wav, 36 + bytes);
+    put32(wav, 36 + bytes);
     for (char c : std::string("WAVEfmt ")) wav.push_back(c);
-    Put32(wav, 16);
-    Put16(wav, 1);
-    Put16(wav, static_cast<std::uint16_t>(info.channels));
-    Put32(wav, static_cast<std::uint32_t>(info.samplerate));
-    Put32(wav, static_cast<std::uint32_t>(info.samplerate * info.channels * 2));
-    Put16(wav, static_cast<std::uint16_t>(info.channels * 2));
-    Put16(wav, 16);
+    put32(wav, 16);
+    put16(wav, 1);
+    put16(wav, static_cast<std::uint16_t>(info.channels));
+    put32(wav, static_cast<std::uint32_t>(info.samplerate));
+    put32(wav, static_cast<std::uint32_t>(info.samplerate * info.channels * 2));
+    put16(wav, static_cast<std::uint16_t>(info.channels * 2));
+    put16(wav, 16);
     for (char c : std::string("data")) wav.push_back(c);
-    Put32(wav, bytes);
+    put32(wav, bytes);
     const auto* raw = reinterpret_cast<const unsigned char*>(samples.data());
     wav.insert(wav.end(), raw, raw + bytes);  // little-endian host, as WAV wants
     return wav;
 }
 
-SdlEffects::~SdlEffects() { Stop(); }
+SdlSound::SdlSound() { openAudioDevice(); }
 
-void SdlEffects::Stop() {
+SdlSound::~SdlSound() {
+    stopEffect();
+    stopTune();
+    closeAudioDevice();
+}
+
+void SdlSound::stopEffect() {
     if (deviceOpen) Mix_HaltChannel(0);
     if (chunk_) Mix_FreeChunk(chunk_);
     chunk_ = nullptr;
 }
 
-void SdlEffects::Play(const QString& file) {
+void SdlSound::playEffect(const QString& file) {
     if (!deviceOpen) return;
-    Stop();
+    stopEffect();
     if (file.endsWith(QLatin1String(".au"), Qt::CaseInsensitive)) {
-        const std::vector<unsigned char> wav = DecodeToWav(file);
+        const std::vector<unsigned char> wav = decodeToWav(file);
         if (wav.empty()) return;
         // The mixer copies the decoded samples into its own buffer, so `wav` may go.
         chunk_ = Mix_LoadWAV_RW(SDL_RWFromConstMem(wav.data(), static_cast<int>(wav.size())), 1);
@@ -114,28 +120,26 @@ void SdlEffects::Play(const QString& file) {
     if (chunk_) Mix_PlayChannel(0, chunk_, 0);
 }
 
-SdlMusic::~SdlMusic() { Stop(); }
-
-void SdlMusic::Stop() {
+void SdlSound::stopTune() {
     if (music_) {
         Mix_HaltMusic();
         Mix_FreeMusic(music_);
     }
     music_ = nullptr;
-    path_.clear();
+    tune_.clear();
 }
 
-void SdlMusic::Play(const QString& file) {
+void SdlSound::playTune(const QString& file) {
     if (!deviceOpen) return;
-    Stop();
+    stopTune();
     music_ = Mix_LoadMUS(QFile::encodeName(file).constData());
     if (!music_) return;
-    path_ = file;
-    if (Mix_PlayMusic(music_, 1) != 0) Stop();
+    tune_ = file;
+    if (Mix_PlayMusic(music_, 1) != 0) stopTune();
 }
 
-void SdlMusic::Close(const QString& file) {
-    if (music_ && file == path_) Stop();
+void SdlSound::closeTune(const QString& file) {
+    if (music_ && file == tune_) stopTune();
 }
 
 }  // namespace media

@@ -5,16 +5,16 @@
 #include "ui/Fonts.h"
 #include "ui/ScreenLook.h"
 
-namespace frontend {
+namespace screens {
 
-QString GameTitle() { return QStringLiteral("Grumbo 2 - Kravenmoor"); }
+QString gameTitle() { return QStringLiteral("Grumbo 2 - Kravenmoor"); }
 
-void PrepareWindow(QWidget* window, std::int32_t background) {
-    window->setFont(ui::Tahoma(ui::kSmallText));
-    ui::SetBackColour(window, background);
+void prepareWindow(QWidget* window, core::Colour background) {
+    window->setFont(ui::tahoma(ui::kSmallText));
+    ui::setBackColour(window, background);
 }
 
-QLineEdit* MakeDisplayBox(QWidget* parent, int left, int top, int width, int height,
+QLineEdit* makeDisplayBox(QWidget* parent, int left, int top, int width, int height,
                           const QString& text) {
     auto* box = new QLineEdit(text, parent);
     box->setGeometry(left, top, width, height);
@@ -26,4 +26,4 @@ QLineEdit* MakeDisplayBox(QWidget* parent, int left, int top, int width, int hei
     return box;
 }
 
-}  // namespace frontend
+}  // namespace screens

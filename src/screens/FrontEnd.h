@@ -1,20 +1,21 @@
 #pragma once
-// What the screens before a match share: the game's title, their look, the display boxes.
+// What the screens share: the game's title, their look, the display boxes.
 #include <QString>
-#include <cstdint>
+
+#include "core/Colour.h"
 
 class QLineEdit;
 class QWidget;
 
-namespace frontend {
+namespace screens {
 
-QString GameTitle();
+QString gameTitle();
 
-// The screen's small Tahoma face for every control, on a flat background of `background`.
-void PrepareWindow(QWidget* window, std::int32_t background);
+// The small Tahoma face for every control, on a flat background of `background`.
+void prepareWindow(QWidget* window, core::Colour background);
 
-// A box the program writes and the user only reads: it takes neither typing nor the focus.
-QLineEdit* MakeDisplayBox(QWidget* parent, int left, int top, int width, int height,
+// A box the program writes and the players only read: it takes neither typing nor the focus.
+QLineEdit* makeDisplayBox(QWidget* parent, int left, int top, int width, int height,
                           const QString& text);
 
-}  // namespace frontend
+}  // namespace screens

@@ -35,7 +35,7 @@ private:
 };
 }  // namespace
 
-void OnActivate(QWidget* window, std::function<void()> handler) {
+void onActivate(QWidget* window, std::function<void()> handler) {
     window->installEventFilter(new ActivationFilter(window, std::move(handler)));
 }
 

@@ -21,28 +21,28 @@ ArrowControl::ArrowControl(QWidget* parent, Qt::Orientation orientation, int lef
     : QWidget(parent), orientation_(orientation), buttonLength_(buttonLength) {
     setGeometry(left, top, width, height);
     setFocusPolicy(Qt::StrongFocus);
-    repeat_.SetHandler([this] { RepeatPress(); });
+    repeat_.setHandler([this] { repeatPress(); });
 }
 
-void ArrowControl::SetRange(int min, int max) {
+void ArrowControl::setRange(int min, int max) {
     min_ = min;
     max_ = std::max(min, max);
-    SetValue(value_);
+    setValue(value_);
 }
 
-void ArrowControl::SetValue(int value) {
+void ArrowControl::setValue(int value) {
     value = std::clamp(value, min_, max_);
     if (value == value_) return;
     value_ = value;
     if (onChange_) onChange_();
 }
 
-void ArrowControl::SetSteps(int small, int large) {
+void ArrowControl::setSteps(int small, int large) {
     small_ = small;
     large_ = large;
 }
 
-QRect ArrowControl::ButtonRect(int direction) const {
+QRect ArrowControl::buttonRect(int direction) const {
     const bool vertical = orientation_ == Qt::Vertical;
     const int length = vertical ? height() : width();
     const int button = buttonLength_ > 0 ? buttonLength_ : length / 2;
@@ -52,54 +52,54 @@ QRect ArrowControl::ButtonRect(int direction) const {
     return vertical ? QRect(0, from, width(), button) : QRect(from, 0, button, height());
 }
 
-ArrowControl::Part ArrowControl::PartAt(const QPoint& pos) const {
+ArrowControl::Part ArrowControl::partAt(const QPoint& pos) const {
     for (int direction : {-1, 1})
-        if (ButtonRect(direction).contains(pos)) return {direction, false};
+        if (buttonRect(direction).contains(pos)) return {direction, false};
     if (!rect().contains(pos)) return {};
     // A click on the track pages towards the side it lies on.
-    const QRect up = ButtonRect(1);
+    const QRect up = buttonRect(1);
     const bool towardsUp =
         orientation_ == Qt::Vertical ? pos.y() < up.top() + up.height() : pos.x() >= up.left();
     return {towardsUp ? 1 : -1, true};
 }
 
-void ArrowControl::Press(Part part) {
-    SetValue(value_ + part.direction * (part.onTrack ? large_ : small_));
+void ArrowControl::press(Part part) {
+    setValue(value_ + part.direction * (part.onTrack ? large_ : small_));
 }
 
-void ArrowControl::RepeatPress() {
+void ArrowControl::repeatPress() {
     if (pressed_.direction == 0) return;
-    Press(pressed_);
-    repeat_.SetInterval(kRepeatEveryMs);
+    press(pressed_);
+    repeat_.setInterval(kRepeatEveryMs);
 }
 
 void ArrowControl::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return QWidget::mousePressEvent(event);
-    pressed_ = PartAt(event->position().toPoint());
+    pressed_ = partAt(event->position().toPoint());
     if (pressed_.direction == 0) return;
-    Press(pressed_);
-    repeat_.SetInterval(kRepeatDelayMs);
-    repeat_.SetEnabled(true);
+    press(pressed_);
+    repeat_.setInterval(kRepeatDelayMs);
+    repeat_.setEnabled(true);
     update();
 }
 
 void ArrowControl::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return QWidget::mouseReleaseEvent(event);
     pressed_ = {};
-    repeat_.SetEnabled(false);
+    repeat_.setEnabled(false);
     update();
 }
 
 void ArrowControl::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Up:
-        case Qt::Key_Right: Press({1, false}); break;
+        case Qt::Key_Right: press({1, false}); break;
         case Qt::Key_Down:
-        case Qt::Key_Left: Press({-1, false}); break;
-        case Qt::Key_PageUp: Press({1, true}); break;
-        case Qt::Key_PageDown: Press({-1, true}); break;
-        case Qt::Key_Home: SetValue(min_); break;
-        case Qt::Key_End: SetValue(max_); break;
+        case Qt::Key_Left: press({-1, false}); break;
+        case Qt::Key_PageUp: press({1, true}); break;
+        case Qt::Key_PageDown: press({-1, true}); break;
+        case Qt::Key_Home: setValue(min_); break;
+        case Qt::Key_End: setValue(max_); break;
         default: return QWidget::keyPressEvent(event);
     }
 }
@@ -122,7 +122,7 @@ void ArrowControl::paintEvent(QPaintEvent*) {
                          : hasFocus() ? palette().color(QPalette::Highlight)
                                       : palette().color(QPalette::ButtonText);
     for (int direction : {-1, 1}) {
-        const QRect r = ButtonRect(direction);
+        const QRect r = buttonRect(direction);
         const bool down = pressed_.direction == direction && !pressed_.onTrack;
         const QBrush face = palette().brush(QPalette::Button);
         qDrawWinButton(&p, r, palette(), down, &face);

@@ -16,17 +16,17 @@ public:
     ArrowControl(QWidget* parent, Qt::Orientation orientation, int left, int top, int width,
                  int height, int buttonLength = 0);
 
-    int Min() const { return min_; }
-    int Max() const { return max_; }
-    int Value() const { return value_; }
+    int min() const { return min_; }
+    int max() const { return max_; }
+    int value() const { return value_; }
     // A maximum below the minimum counts as the minimum; the value is kept within the range.
-    void SetRange(int min, int max);
-    void SetMax(int max) { SetRange(min_, max); }
+    void setRange(int min, int max);
+    void setMax(int max) { setRange(min_, max); }
     // Clamped to the range; runs the change handler when the value changed.
-    void SetValue(int value);
+    void setValue(int value);
     // Arrow buttons and arrow keys move by `small`, clicks on the track and Page keys by `large`.
-    void SetSteps(int small, int large);
-    void OnChange(std::function<void()> handler) { onChange_ = std::move(handler); }
+    void setSteps(int small, int large);
+    void onChange(std::function<void()> handler) { onChange_ = std::move(handler); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -42,11 +42,11 @@ private:
         int direction = 0;
         bool onTrack = false;
     };
-    Part PartAt(const QPoint& pos) const;
+    Part partAt(const QPoint& pos) const;
     // The button that moves the value in `direction`.
-    QRect ButtonRect(int direction) const;
-    void Press(Part part);
-    void RepeatPress();
+    QRect buttonRect(int direction) const;
+    void press(Part part);
+    void repeatPress();
 
     Qt::Orientation orientation_;
     int buttonLength_;

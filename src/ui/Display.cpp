@@ -13,7 +13,7 @@ constexpr int kHeightPerStep = 1080;
 constexpr int kMaxScale = 4;
 }  // namespace
 
-ScreenInfo ProbeScreen(int argc, char** argv) {
+ScreenInfo probeScreen(int argc, char** argv) {
     ScreenInfo info;
     QGuiApplication probe(argc, argv);
     if (const QScreen* s = QGuiApplication::primaryScreen()) {
@@ -23,13 +23,13 @@ ScreenInfo ProbeScreen(int argc, char** argv) {
     return info;
 }
 
-int AutomaticScale(const ScreenInfo& screen) {
+int automaticScale(const ScreenInfo& screen) {
     int scale = std::clamp(screen.height / kHeightPerStep, 1, kMaxScale);
     if (screen.pixelRatio >= 2) scale = std::max(scale, static_cast<int>(screen.pixelRatio));
     return scale;
 }
 
-void SetScale(int scale, const ScreenInfo& screen) {
+void setScale(int scale, const ScreenInfo& screen) {
     // The toolkit multiplies its own factor with the desktop's.
     const double factor = scale / std::max(screen.pixelRatio, 1.0);
     if (factor != 1) qputenv("QT_SCALE_FACTOR", QByteArray::number(factor, 'g', 6));

@@ -13,14 +13,14 @@ struct ScreenInfo {
 
 // Asks the display for the primary screen through a short-lived connection; without a display it
 // reports a screen of height 0.
-ScreenInfo ProbeScreen(int argc, char** argv);
+ScreenInfo probeScreen(int argc, char** argv);
 
 // The screen's height over 1080, rounded down, from 1 to 4; a desktop that enlarges by 2 or more
 // itself gets at least its own whole factor.
-int AutomaticScale(const ScreenInfo& screen);
+int automaticScale(const ScreenInfo& screen);
 
 // Makes every window `scale` times larger on `screen`, counting what the desktop already does.
 // Call it before the application object is created.
-void SetScale(int scale, const ScreenInfo& screen);
+void setScale(int scale, const ScreenInfo& screen);
 
 }  // namespace ui

@@ -5,7 +5,7 @@
 
 namespace ui {
 
-QFont Tahoma(int pixelSize, bool bold) {
+QFont tahoma(int pixelSize, bool bold) {
     static const QString family = [] {
         for (const char* path :
              {"/usr/share/wine/fonts/tahoma.ttf", "/usr/share/fonts/truetype/wine/tahoma.ttf"}) {

@@ -51,11 +51,11 @@ private:
 
 }  // namespace
 
-void OnKeyPress(QWidget* control, std::function<void(CharCode&)> handler) {
+void onKeyPress(QWidget* control, std::function<void(CharCode&)> handler) {
     control->installEventFilter(new KeyFilter(control, std::move(handler)));
 }
 
-void OnClick(QWidget* control, std::function<void()> handler) {
+void onClick(QWidget* control, std::function<void()> handler) {
     control->installEventFilter(new ClickFilter(control, std::move(handler)));
 }
 

@@ -13,8 +13,8 @@ using CharCode = char16_t;
 
 // Hands every character typed into `control` to `handler` before it arrives there. Keys that type
 // nothing (arrows, Delete, Home) are editing keys and pass untouched.
-void OnKeyPress(QWidget* control, std::function<void(CharCode&)> handler);
+void onKeyPress(QWidget* control, std::function<void(CharCode&)> handler);
 // Calls `handler` when the left button is released over `control` while it is visible.
-void OnClick(QWidget* control, std::function<void()> handler);
+void onClick(QWidget* control, std::function<void()> handler);
 
 }  // namespace ui

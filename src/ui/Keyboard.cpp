@@ -11,8 +11,8 @@ constexpr int kKeypadMultiply = 106, kKeypadAdd = 107, kKeypadSubtract = 109, kK
               kKeypadDivide = 111;
 constexpr int kLeftWindows = 91, kRightWindows = 92, kApplications = 93;
 
-int KeypadVk(int qtKey) {
-    if (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) return VkNumpad0 + (qtKey - Qt::Key_0);
+int keypadKey(int qtKey) {
+    if (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) return game::key::kNumpad0 + (qtKey - Qt::Key_0);
     switch (qtKey) {
         case Qt::Key_Asterisk: return kKeypadMultiply;
         case Qt::Key_Plus: return kKeypadAdd;
@@ -25,35 +25,29 @@ int KeypadVk(int qtKey) {
 }
 }  // namespace
 
-Keyboard& Keyboard::instance() {
-    static Keyboard k;
-    return k;
+void Keyboard::install() {
+    if (QCoreApplication::instance()) QCoreApplication::instance()->installEventFilter(this);
 }
 
-void Keyboard::Install() {
-    if (installed_ || !QCoreApplication::instance()) return;
-    QCoreApplication::instance()->installEventFilter(this);
-    installed_ = true;
-}
-
-int Keyboard::ToVk(int qtKey, bool keypad) {
+int Keyboard::toKey(int qtKey, bool keypad) {
+    using namespace game::key;
     // With Num Lock off the keypad types arrows and the like, which keep their usual codes.
-    if (keypad && KeypadVk(qtKey) >= 0) return KeypadVk(qtKey);
-    if (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z) return 'A' + (qtKey - Qt::Key_A);
+    if (keypad && keypadKey(qtKey) >= 0) return keypadKey(qtKey);
+    if (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z) return kA + (qtKey - Qt::Key_A);
     if (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) return '0' + (qtKey - Qt::Key_0);
-    if (qtKey >= Qt::Key_F1 && qtKey <= Qt::Key_F24) return VkF1 + (qtKey - Qt::Key_F1);
+    if (qtKey >= Qt::Key_F1 && qtKey <= Qt::Key_F24) return kF1 + (qtKey - Qt::Key_F1);
     switch (qtKey) {
-        case Qt::Key_Escape: return VkEscape;
+        case Qt::Key_Escape: return kEscape;
         case Qt::Key_Return:
-        case Qt::Key_Enter: return VkEnter;
-        case Qt::Key_Space: return VkSpace;
-        case Qt::Key_Left: return VkLeft;
-        case Qt::Key_Up: return VkUp;
-        case Qt::Key_Right: return VkRight;
-        case Qt::Key_Down: return VkDown;
+        case Qt::Key_Enter: return kEnter;
+        case Qt::Key_Space: return kSpace;
+        case Qt::Key_Left: return kLeft;
+        case Qt::Key_Up: return kUp;
+        case Qt::Key_Right: return kRight;
+        case Qt::Key_Down: return kDown;
         // The key is the same whether Shift makes it type a backslash or a bar.
         case Qt::Key_Backslash:
-        case Qt::Key_Bar: return VkBackslash;
+        case Qt::Key_Bar: return kBackslash;
         case Qt::Key_Super_L: return kLeftWindows;
         case Qt::Key_Super_R: return kRightWindows;
         case Qt::Key_Menu: return kApplications;
@@ -61,40 +55,36 @@ int Keyboard::ToVk(int qtKey, bool keypad) {
     }
 }
 
-void Keyboard::Press(int vk) {
-    if (vk < 0 || vk >= kKeys) return;
-    down_[vk] = true;
-    pressed_[vk] = true;
+void Keyboard::press(int key) {
+    if (key < 0 || key >= kKeys) return;
+    down_[static_cast<std::size_t>(key)] = true;
+    pressed_[static_cast<std::size_t>(key)] = true;
 }
 
-void Keyboard::Release(int vk) {
-    if (vk < 0 || vk >= kKeys) return;
-    down_[vk] = false;
+void Keyboard::release(int key) {
+    if (key < 0 || key >= kKeys) return;
+    down_[static_cast<std::size_t>(key)] = false;
 }
 
-void Keyboard::Reset() {
-    down_.fill(false);
-    pressed_.fill(false);
-}
-
-bool Keyboard::GetAsyncKeyState(int vk) {
-    if (vk < 0 || vk >= kKeys) return false;
-    const bool result = pressed_[vk] && down_[vk];
-    pressed_[vk] = false;
+bool Keyboard::pressed(int key) {
+    if (key < 0 || key >= kKeys) return false;
+    const auto k = static_cast<std::size_t>(key);
+    const bool result = pressed_[k] && down_[k];
+    pressed_[k] = false;
     return result;
 }
 
 bool Keyboard::eventFilter(QObject* watched, QEvent* event) {
     // A key event reaches the filter once for the window and once for every widget it travels
     // through; only the widgets' deliveries count.
-    const bool press = event->type() == QEvent::KeyPress;
-    if ((press || event->type() == QEvent::KeyRelease) && watched->isWidgetType()) {
+    const bool down = event->type() == QEvent::KeyPress;
+    if ((down || event->type() == QEvent::KeyRelease) && watched->isWidgetType()) {
         auto* ke = static_cast<QKeyEvent*>(event);
-        const int vk = ToVk(ke->key(), ke->modifiers().testFlag(Qt::KeypadModifier));
+        const int key = toKey(ke->key(), ke->modifiers().testFlag(Qt::KeypadModifier));
         // A held key repeats as a typed one does, so holding an arrow key keeps the thrower
         // flying; the release that the window system sends between two repeats is no release.
-        if (press) Press(vk);
-        else if (!ke->isAutoRepeat()) Release(vk);
+        if (down) press(key);
+        else if (!ke->isAutoRepeat()) release(key);
     }
     return QObject::eventFilter(watched, event);
 }

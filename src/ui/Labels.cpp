@@ -6,16 +6,16 @@
 
 namespace ui {
 
-QLabel* MakeLabel(QWidget* parent, int left, int top, int width, int height, const QString& text,
+QLabel* makeLabel(QWidget* parent, int left, int top, int width, int height, const QString& text,
                   Qt::Alignment align) {
     auto* l = new QLabel(text, parent);
     l->setGeometry(left, top, width, height);
     l->setAlignment(align);
-    l->setFont(Tahoma(kSmallText));
+    l->setFont(tahoma(kSmallText));
     return l;
 }
 
-void SetLabelColour(QLabel* label, const QColor& text) {
+void setLabelColour(QLabel* label, const QColor& text) {
     QPalette p = label->palette();
     p.setColor(QPalette::WindowText, text);
     label->setPalette(p);

@@ -10,8 +10,8 @@ namespace ui {
 
 // A label in the game's small face with a see-through background, so the scene shows behind
 // its text.
-QLabel* MakeLabel(QWidget* parent, int left, int top, int width, int height, const QString& text,
+QLabel* makeLabel(QWidget* parent, int left, int top, int width, int height, const QString& text,
                   Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter);
-void SetLabelColour(QLabel* label, const QColor& text);
+void setLabelColour(QLabel* label, const QColor& text);
 
 }  // namespace ui

@@ -5,17 +5,17 @@
 namespace ui {
 
 namespace {
-std::function<void(const QString&)>& msgHook() {
-    static std::function<void(const QString&)> hook;
-    return hook;
+std::function<void(const QString&)>& hook() {
+    static std::function<void(const QString&)> h;
+    return h;
 }
 }  // namespace
 
-void SetMsgBoxHook(std::function<void(const QString&)> hook) { msgHook() = std::move(hook); }
+void setMessageHook(std::function<void(const QString&)> h) { hook() = std::move(h); }
 
-void MsgBox(const QString& text, const QString& title) {
-    if (msgHook()) {
-        msgHook()(text);
+void showMessage(const QString& text, const QString& title) {
+    if (hook()) {
+        hook()(text);
         return;
     }
     QMessageBox::warning(nullptr, title, text);

@@ -16,29 +16,29 @@ protected:
         if (box_ && box_->isVisible()) {
             // The window system hides a minimised owner; only the program's own hiding closes it.
             if (event->type() == QEvent::Hide && !event->spontaneous()) box_->close();
-            else if (event->type() == QEvent::WindowActivate) GiveFocusSoon();
+            else if (event->type() == QEvent::WindowActivate) giveFocusSoon();
         }
         return QObject::eventFilter(watched, event);
     }
 
 private:
     // Not from inside the owner's activation, which is still being handled.
-    void GiveFocusSoon() {
+    void giveFocusSoon() {
         QMetaObject::invokeMethod(
-            box_, [box = box_] { GiveFocus(box); }, Qt::QueuedConnection);
+            box_, [box = box_] { giveFocus(box); }, Qt::QueuedConnection);
     }
 
     QPointer<QWidget> box_;
 };
 }  // namespace
 
-void KeepAboveOwner(QWidget* box) {
-    GiveFocus(box);
+void keepAboveOwner(QWidget* box) {
+    giveFocus(box);
     if (QWidget* owner = box->parentWidget())
         owner->window()->installEventFilter(new OwnerWatch(box));
 }
 
-void GiveFocus(QWidget* window) {
+void giveFocus(QWidget* window) {
     if (!window || !window->isVisible()) return;
     window->raise();
     window->activateWindow();

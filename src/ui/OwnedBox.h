@@ -7,8 +7,8 @@ class QWidget;
 namespace ui {
 
 // `box` is a window owned by another one; call it once the box is shown.
-void KeepAboveOwner(QWidget* box);
+void keepAboveOwner(QWidget* box);
 // Hands the keyboard to `window` (after the box over it has gone).
-void GiveFocus(QWidget* window);
+void giveFocus(QWidget* window);
 
 }  // namespace ui

@@ -4,27 +4,25 @@
 #include <QPalette>
 #include <QWidget>
 
-#include "ui/Surface.h"
-
 namespace ui {
 
-Qt::WindowFlags FrontEndFlags() {
+Qt::WindowFlags frontEndFlags() {
     return Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
 }
 
 namespace {
-std::int32_t PaletteColour(const char* widgetClass, QPalette::ColorRole role) {
-    return FromQRgb(QApplication::palette(widgetClass).color(role).rgb());
+core::Colour paletteColour(const char* widgetClass, QPalette::ColorRole role) {
+    return core::Colour::fromRgb(QApplication::palette(widgetClass).color(role).rgb());
 }
 }  // namespace
 
-std::int32_t MenuColour() { return PaletteColour("QMenu", QPalette::Window); }
-std::int32_t WindowColour() { return PaletteColour("QWidget", QPalette::Window); }
-std::int32_t ButtonFaceColour() { return PaletteColour("QPushButton", QPalette::Button); }
+core::Colour menuColour() { return paletteColour("QMenu", QPalette::Window); }
+core::Colour windowColour() { return paletteColour("QWidget", QPalette::Window); }
+core::Colour buttonFaceColour() { return paletteColour("QPushButton", QPalette::Button); }
 
-void SetBackColour(QWidget* widget, std::int32_t colour) {
+void setBackColour(QWidget* widget, core::Colour colour) {
     QPalette p = widget->palette();
-    const QColor c = QColor::fromRgb(ToQRgb(colour));
+    const QColor c = QColor::fromRgb(colour.rgb());
     p.setColor(QPalette::Window, c);
     p.setColor(QPalette::Base, c);
     widget->setPalette(p);

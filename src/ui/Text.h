@@ -1,18 +1,17 @@
 #pragma once
-// Text on picture surfaces: measuring it in a font, and printing it as a picture box prints,
-// with its top-left corner at a place and nothing around the letters touched.
+// Text on canvases: measuring it in a font, and printing it with its top-left corner at a place
+// and nothing around the letters touched.
 #include <QFont>
 #include <QString>
-#include <cstdint>
+
+#include "core/Canvas.h"
 
 namespace ui {
 
-class Surface;
-
-int TextWidth(const QFont& font, const QString& text);
+int textWidth(const QFont& font, const QString& text);
 // The height of a line of text in `font`, whatever the text.
-int TextHeight(const QFont& font, const QString& text);
-void PrintText(Surface& target, int x, int y, const QString& text, const QFont& font,
-               std::int32_t colour);
+int lineHeight(const QFont& font);
+void printText(core::Canvas& target, int x, int y, const QString& text, const QFont& font,
+               core::Colour colour);
 
 }  // namespace ui

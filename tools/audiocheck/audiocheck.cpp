@@ -11,8 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "media/Audio.h"
-#include "media/SdlAudio.h"
+#include "media/Sound.h"
 
 namespace {
 struct Level {
@@ -20,7 +19,7 @@ struct Level {
     int peak = 0;
 };
 
-Level Measure(const QString& raw) {
+Level measure(const QString& raw) {
     QFile f(raw);
     Level l;
     if (!f.open(QIODevice::ReadOnly)) return l;
@@ -38,17 +37,19 @@ Level Measure(const QString& raw) {
 
 // Records `play` for `ms` milliseconds into OUT_DIR/name.raw and reports its level.
 template <class Play>
-bool Record(const QString& out, const QString& name, int ms, Play play) {
+bool record(const QString& out, const QString& name, int ms, Play play) {
     const QString raw = out + QLatin1Char('/') + name + QStringLiteral(".raw");
     qputenv("SDL_DISKAUDIOFILE", QFile::encodeName(raw));
-    if (!media::OpenSdlAudio()) {
-        std::printf("%-22s cannot open the disk audio driver\n", qPrintable(name));
-        return false;
+    {
+        media::SdlSound sound;
+        if (!media::openAudioDevice()) {
+            std::printf("%-22s cannot open the disk audio driver\n", qPrintable(name));
+            return false;
+        }
+        play(sound);
+        SDL_Delay(static_cast<Uint32>(ms));
     }
-    play();
-    SDL_Delay(static_cast<Uint32>(ms));
-    media::Audio::CloseDevice();
-    const Level l = Measure(raw);
+    const Level l = measure(raw);
     const bool audible = l.peak > 300;
     std::printf("%-22s rms %7.1f  peak %5d  %s\n", qPrintable(name), l.rms, l.peak,
                 audible ? "ok" : "SILENT");
@@ -71,15 +72,15 @@ int main(int argc, char** argv) {
         QDir(data + QStringLiteral("/sounds")).entryList({"*.wav"}, QDir::Files, QDir::Name);
     for (const QString& e : effects) {
         const QString path = data + QStringLiteral("/sounds/") + e;
-        silent += !Record(out, e, 1800, [&] { media::Audio::Effects().Play(path); });
+        silent += !record(out, e, 1800, [&](media::Sound& s) { s.playEffect(path); });
     }
     const QString au = data + QStringLiteral("/Explosion-2.au");
-    silent += !Record(out, QStringLiteral("Explosion-2.au"), 2000,
-                      [&] { media::Audio::Effects().Play(au); });
+    silent += !record(out, QStringLiteral("Explosion-2.au"), 2000,
+                      [&](media::Sound& s) { s.playEffect(au); });
     for (int n = 1; n <= 22; ++n) {
         const QString path = data + QStringLiteral("/midi/%1.mid").arg(n);
-        silent += !Record(out, QStringLiteral("%1.mid").arg(n), 4000,
-                          [&] { media::Audio::Music().Play(path); });
+        silent += !record(out, QStringLiteral("%1.mid").arg(n), 4000,
+                          [&](media::Sound& s) { s.playTune(path); });
     }
     std::printf("%d silent\n", silent);
     return silent ? 1 : 0;

@@ -4,9 +4,10 @@
     python3 tools/layers/check_layers.py [SRC_DIR]
 
 Each folder of src/ belongs to a layer; a file may include headers of its own layer and of the
-layers below it, never of a layer above. Qt's painting, event and window headers belong to ui/
-alone. The libraries of the CMake files must link downwards too. Prints every breach and exits 1
-when there is one.
+layers below it, never of a layer above. Qt's painting, event and window headers belong to the
+view (ui/ and screens/); the rules (core/ and game/) use no widgets, timers, clocks or application object; nothing
+but ui/ pumps window events. The libraries of the CMake files must link downwards too. Prints
+every breach and exits 1 when there is one.
 """
 import os
 import re
@@ -15,18 +16,22 @@ import sys
 # Lowest first; folders on one line form one layer.
 LAYERS = [
     ["core"],
-    ["ui"],
-    ["media"],
-    ["modmain"],
-    ["match", "flight", "impact"],
+    ["game"],
+    ["ui", "media"],
     ["screens"],
     ["app"],
 ]
-LIBRARY = {"core": "grumbo_core", "ui": "grumbo_ui", "media": "grumbo_media",
-           "modmain": "grumbo_modmain", "match": "grumbo_match", "screens": "grumbo_screens",
-           "app": "grumbo_app"}
-QT_ONLY_IN_UI = {"QPainter", "QPaintEvent", "QEvent", "QKeyEvent", "QMouseEvent", "QCloseEvent",
+LIBRARY = {"core": "grumbo_core", "game": "grumbo_game", "ui": "grumbo_ui",
+           "media": "grumbo_media", "screens": "grumbo_screens", "app": "grumbo_app"}
+VIEW = {"ui", "screens"}
+VIEW_ONLY = {"QPainter", "QPaintEvent", "QEvent", "QKeyEvent", "QMouseEvent", "QCloseEvent",
                  "QWheelEvent", "QResizeEvent", "QShowEvent", "QWindow", "QScreen"}
+# What the rules know nothing of: windows, timers, clocks, threads, the application object.
+NOT_IN_RULES = {"QWidget", "QTimer", "QBasicTimer", "QCoreApplication", "QGuiApplication",
+                "QApplication", "QEventLoop", "QElapsedTimer", "QDateTime", "QTime", "QThread",
+                "chrono", "thread", "ctime"}
+RULES = {"core", "game"}
+PUMPS = re.compile(r"\bprocessEvents\b|\bDoEvents\b|\bDelay\s*\(")
 
 LEVEL = {folder: level for level, folders in enumerate(LAYERS) for folder in folders}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
@@ -55,12 +60,18 @@ def check_includes(src):
                 text = open(path, encoding="utf-8").read()
                 for kind, name in INCLUDE.findall(text):
                     if kind == "<":
-                        if folder != "ui" and name in QT_ONLY_IN_UI:
-                            breaches.append(f"{path}: <{name}> belongs to ui/")
+                        if folder not in VIEW and name in VIEW_ONLY:
+                            breaches.append(f"{path}: <{name}> belongs to the view")
+                        if folder in RULES and name.split("/")[-1] in NOT_IN_RULES:
+                            breaches.append(f"{path}: the rules do not use <{name}>")
                         continue
                     target = included_folder(src, path, name)
                     if target in LEVEL and LEVEL[target] > LEVEL[folder]:
                         breaches.append(f"{path}: includes {name} from the higher layer {target}/")
+                    elif target in LEVEL and LEVEL[target] == LEVEL[folder] and target != folder:
+                        breaches.append(f"{path}: includes {name} from {target}/, a layer beside it")
+                if folder != "ui" and PUMPS.search(text):
+                    breaches.append(f"{path}: pumps window events, which only ui/ may do")
     return breaches
 
 

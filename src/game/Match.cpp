@@ -1,0 +1,280 @@
+// The match's clock: everything that falls due within an advance() runs in time order, and the
+// phases of a throw follow each other as steps.
+#include "game/Match.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "core/Numbers.h"
+#include "game/Calibration.h"
+#include "game/Music.h"
+
+namespace game {
+
+namespace {
+constexpr int kPollMs = 20;
+constexpr int kMusicTickMs = 1000;
+constexpr int kCheckMs = 60;
+// The flight tick before the start's test has set it.
+constexpr int kDesignedFlightTickMs = 32;
+constexpr int kNever = -1;
+}  // namespace
+
+Match::Match(const MatchSetup& setup)
+    : setup_(setup),
+      settings_(setup.settings),
+      random_(setup.seed),
+      nextPoll_(kPollMs),
+      nextMusicTick_(kNever),
+      title_(QStringLiteral("Grumbo")),
+      sky_(kFieldWidth, kFieldHeight),
+      scene_(sky_),
+      flightTickMs_(kDesignedFlightTickMs),
+      windBox_(kWindBox.width(), kWindBox.height()) {
+    specials_ = setup.carry.specials;
+    codes_ = setup.carry.codes;
+    modes_ = setup.carry.modes;
+    projectileFrame_ = setup.carry.projectileFrame;
+    indicator_.count = setup.carry.indicatorCount;
+    tune_ = setup.carry.tune;
+    for (int i = 0; i < 4; ++i) names_[static_cast<std::size_t>(i)] = setupOf(i).name;
+    for (int i = 0; i < players(); ++i) figureOf(i).put(setupOf(i).art.standing);
+    if (settings_.music) {
+        random_.seed(setup.seed);
+        tune_ = random_.below(kTunes) + 1;
+        events_.push_back({MatchEvent::Kind::PlayTune, {}, tune_});
+        tuneSeconds_ = 0;
+        nextMusicTick_ = kMusicTickMs;
+    }
+    push({{.kind = StepKind::Calibrate},
+          {.kind = StepKind::ShowCalibration},
+          {.kind = StepKind::FirstRound},
+          {.kind = StepKind::BuildRound}});
+    runSteps();
+}
+
+// ---- Time ----------------------------------------------------------------------------------
+
+void Match::advance(int ms) {
+    if (ms <= 0) return;
+    const int end = now_ + ms;
+    while (!paused_) {
+        const auto due = nextDue();
+        if (!due || due->first > end) {
+            now_ = end;
+            break;
+        }
+        now_ = due->first;
+        run(due->second);
+    }
+    if (paused_) {
+        // The rest of the time passes with the match standing still; the tune plays on.
+        const int realEnd = end + pausedFor_;
+        while (nextMusicTick_ != kNever && nextMusicTick_ <= realEnd) musicTick();
+        pausedFor_ += end - now_;
+    }
+    popup_.advanceTo(now_, scene_);
+}
+
+int Match::msUntilNextEvent() const {
+    if (paused_)
+        return nextMusicTick_ == kNever ? std::numeric_limits<int>::max()
+                                        : std::max(0, nextMusicTick_ - (now_ + pausedFor_));
+    const auto due = nextDue();
+    return due ? std::max(0, due->first - now_) : std::numeric_limits<int>::max();
+}
+
+std::optional<std::pair<int, Match::Due>> Match::nextDue() const {
+    // Of things due at the same moment the one listed first goes first: the flight moves the
+    // projectile before the collision check looks at it.
+    std::optional<std::pair<int, Due>> best;
+    const auto consider = [&](int at, Due what) {
+        if (!best || at < best->first) best = std::pair(at, what);
+    };
+    consider(nextPoll_, Due::Poll);
+    if (nextMusicTick_ != kNever) consider(nextMusicTick_ - pausedFor_, Due::Music);
+    if (indicator_.running()) consider(indicator_.nextTickAt(), Due::Indicator);
+    if (flying_) {
+        consider(nextFlightTick_, Due::FlightTick);
+        consider(nextCheck_, Due::Check);
+    }
+    if (underWay_) consider(underWay_->nextAt, Due::Step);
+    return best;
+}
+
+void Match::run(Due what) {
+    switch (what) {
+        case Due::Poll:
+            nextPoll_ += kPollMs;
+            trapPoll();
+            break;
+        case Due::Music: musicTick(); break;
+        case Due::Indicator: indicator_.tick(sky_, now_); break;
+        case Due::FlightTick:
+            nextFlightTick_ += flightTickMs_;
+            flightTick();
+            break;
+        case Due::Check:
+            nextCheck_ += kCheckMs;
+            if (now_ > checksResumeAt_) collisionCheck();
+            break;
+        case Due::Step:
+            if (tick(*underWay_)) {
+                underWay_.reset();
+                runSteps();
+            }
+            break;
+    }
+}
+
+void Match::musicTick() {
+    nextMusicTick_ += kMusicTickMs;
+    if (++tuneSeconds_ != tuneSeconds(tune_)) return;
+    events_.push_back({MatchEvent::Kind::CloseTune, {}, tune_});
+    // The same tune may come again.
+    tune_ = random_.below(kTunes) + 1;
+    events_.push_back({MatchEvent::Kind::PlayTune, {}, tune_});
+    tuneSeconds_ = 0;
+}
+
+void Match::play(const QString& file) { events_.push_back({MatchEvent::Kind::Sound, file, 0}); }
+
+std::vector<MatchEvent> Match::takeEvents() { return std::exchange(events_, {}); }
+
+// ---- Steps ---------------------------------------------------------------------------------
+
+void Match::push(std::initializer_list<Step> steps) {
+    steps_.insert(steps_.begin(), steps.begin(), steps.end());
+}
+
+void Match::runSteps() {
+    while (!underWay_ && !steps_.empty()) {
+        Step step = steps_.front();
+        steps_.pop_front();
+        if (!begin(step)) underWay_ = step;
+    }
+}
+
+bool Match::begin(Step& s) {
+    switch (s.kind) {
+        case StepKind::Calibrate: return beginCalibration(s);
+        case StepKind::ShowCalibration: s.nextAt = now_ + calibration::kShowResultMs; return false;
+        case StepKind::FirstRound:
+            random_.seed(setup_.seed);
+            kind_ = ProjectileKind::Normal;
+            current_ = 0;
+            flight_.ticks = 0;
+            return true;
+        case StepKind::BuildRound: return beginRound(s);
+        case StepKind::Crater:
+            play(QStringLiteral("sounds/bc.wav"));
+            s.nextAt = now_ + durations::kCraterRingMs;
+            return false;
+        case StepKind::NearMiss: return beginNearMiss(s);
+        case StepKind::EndTurn: endTurn(); return true;
+        case StepKind::Dissolve: return beginDissolve(s);
+        case StepKind::NukeScan:
+            // After a hit (count 1) the scan ends when the round was decided or rebuilt.
+            if (s.count == 0 || (!roundOver_ && !fragged_.empty())) nukeScan(s.player);
+            return true;
+        case StepKind::NukeMiss:
+            if (!nukedPlayer_) {
+                ++statsOf(s.thrower).misses;
+                push({{.kind = StepKind::NearMiss}, {.kind = StepKind::EndTurn}});
+            }
+            return true;
+        case StepKind::Blast: return beginBlast(s);
+        case StepKind::Vaporize:
+            projectile_.shown = false;
+            s.nextAt = now_ + 1;
+            return false;
+        case StepKind::ScoreHit: return beginScoreHit(s);
+        case StepKind::Dance: return danceTick(s);
+        case StepKind::AfterHit: afterHit(s.thrower); return true;
+        case StepKind::FinalBoard: s.nextAt = now_ + durations::kGameOverAfterMs; return false;
+    }
+    return true;
+}
+
+bool Match::tick(Step& s) {
+    switch (s.kind) {
+        case StepKind::Calibrate: return calibrationTick(s);
+        case StepKind::ShowCalibration: loading_.shown = false; return true;
+        case StepKind::BuildRound: return roundTick(s);
+        case StepKind::Crater: return craterTick(s);
+        case StepKind::Dissolve: return dissolveTick(s);
+        case StepKind::Blast: return blastTick(s);
+        case StepKind::Vaporize: return vaporizeTick(s);
+        case StepKind::Dance: return danceTick(s);
+        case StepKind::FinalBoard:
+            gameOverShown_ = true;
+            events_.push_back({MatchEvent::Kind::GameOver, {}, 0});
+            return true;
+        default: return true;  // the steps that only wait for their time
+    }
+}
+
+Phase Match::phase() const {
+    if (underWay_) {
+        switch (underWay_->kind) {
+            case StepKind::Calibrate:
+            case StepKind::ShowCalibration: return Phase::Starting;
+            case StepKind::BuildRound: return Phase::BuildingRound;
+            case StepKind::Crater: return Phase::Cratering;
+            case StepKind::Dissolve: return Phase::Dissolving;
+            case StepKind::Blast: return Phase::Exploding;
+            case StepKind::Vaporize: return Phase::Vaporizing;
+            case StepKind::Dance: return Phase::Dancing;
+            case StepKind::FinalBoard: return Phase::FinalBoard;
+            default: return Phase::ShowingPoints;
+        }
+    }
+    if (flying_) return Phase::Flying;
+    return over() ? Phase::FinalBoard : Phase::Aiming;
+}
+
+// ---- The players' input ----------------------------------------------------------------------
+
+void Match::setAngleText(const QString& text) {
+    if (inputOpen_) angleText_ = text;
+}
+
+void Match::setVelocityText(const QString& text) {
+    if (inputOpen_) velocityText_ = text;
+}
+
+bool Match::canThrow() const {
+    // Pasted text is not filtered by the keys, so anything but digits counts as an empty box.
+    return inputOpen_ && !paused_ && phase() == Phase::Aiming && core::isDigits(angleText_) &&
+           core::isDigits(velocityText_);
+}
+
+void Match::chooseProjectile(ProjectileKind kind) {
+    if (paused_ || !selectorShown_[index(kind)]) return;
+    frameLeft_ = selectorLeft_[index(kind)] - 1;
+    kind_ = kind;
+}
+
+void Match::resume() { paused_ = false; }
+
+QString Match::panelLine(int player) const {
+    const auto& points = panelPoints_[static_cast<std::size_t>(player)];
+    return points ? name(player) + QStringLiteral(": ") + QString::number(*points) : QString();
+}
+
+bool Match::holds(int player, ProjectileKind kind) const {
+    return specials_[static_cast<std::size_t>(player)][index(kind)];
+}
+
+Carry Match::carry() const {
+    Carry c;
+    c.specials = specials_;
+    c.codes = codes_;
+    c.modes = modes_;
+    c.projectileFrame = projectileFrame_;
+    c.indicatorCount = indicator_.count;
+    c.tune = tune_;
+    return c;
+}
+
+}  // namespace game

@@ -1,0 +1,365 @@
+#pragma once
+// A match as plain data and rules: the city as pixels, the characters, the projectile, the wind,
+// turns, rounds and scores. Time moves only through advance(), which runs the match's phases
+// (the start's test throw, building a round, aiming, flying, craters, explosions, points, the
+// victory dance, the final board) and its steady ticks (flight, collision checks, the keyboard
+// trap, the turn marker, the music) in the order they fall due. A match can be copied to try a
+// throw on it.
+#include <QString>
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <vector>
+
+#include "core/Canvas.h"
+#include "core/Random.h"
+#include "game/Codes.h"
+#include "game/Damage.h"
+#include "game/Durations.h"
+#include "game/Figure.h"
+#include "game/Flight.h"
+#include "game/Indicator.h"
+#include "game/Keys.h"
+#include "game/PointsPopup.h"
+#include "game/ProjectileArt.h"
+#include "game/Settings.h"
+#include "game/Skyline.h"
+#include "game/Wind.h"
+
+namespace game {
+
+// A character's three pictures: standing, and the two throwing poses (the first for throws to
+// the right, the second for throws to the left; the victory dance alternates them).
+struct CharacterArt {
+    core::Canvas standing;
+    std::array<core::Canvas, 2> poses;
+};
+
+struct PlayerSetup {
+    QString name;
+    QString character;
+    CharacterArt art;
+};
+
+// What a match leaves to the next match of the same run: nothing resets these.
+struct Carry {
+    std::array<std::array<bool, kKinds>, 4> specials{};
+    CodeBuffer codes;
+    Modes modes;
+    int projectileFrame = 0;
+    int indicatorCount = 0;
+    int tune = 0;
+};
+
+struct MatchSetup {
+    MatchSettings settings;
+    // Players 1 to 4; a "1 vs 1" match uses the first two.
+    std::array<PlayerSetup, 4> players;
+    // The turn marker's picture.
+    core::Canvas marker;
+    // Every reseed of the match's random numbers starts from it.
+    std::uint64_t seed = 0;
+    Carry carry;
+};
+
+struct PlayerStats {
+    int frags = 0;
+    int misses = 0;
+    // The misses when the round began (or, in "2 vs 2", at his last frag).
+    int missMark = 0;
+    int points = 0;
+};
+
+enum class Phase {
+    Starting,
+    BuildingRound,
+    Aiming,
+    Flying,
+    Cratering,
+    Dissolving,
+    Exploding,
+    Vaporizing,
+    ShowingPoints,
+    Dancing,
+    FinalBoard,
+};
+
+// What the match asks of the world around it, in the order it happened.
+struct MatchEvent {
+    enum class Kind {
+        Sound,       // plays `file`, a path in the data folder
+        PlayTune,    // starts tune `tune`
+        CloseTune,   // stops tune `tune`
+        Paused,      // Escape: the pause box should open
+        GameOver,    // five seconds after the final board: the game-over box should open
+        FocusAngle,  // a turn began: the angle box takes the keyboard
+    };
+    Kind kind;
+    QString file;
+    int tune = 0;
+    bool operator==(const MatchEvent&) const = default;
+};
+
+struct Loading {
+    bool shown = false;
+    QString status;
+    double progress = 0;
+};
+
+struct Projectile {
+    bool shown = false;
+    QPoint pos;
+    ProjectileKind kind = ProjectileKind::Normal;
+    int frame = 0;
+    const core::Canvas& picture() const { return projectileFrame(kind, frame); }
+    QRect rect() const { return {pos, QSize(picture().width(), picture().height())}; }
+};
+
+struct BoardRow {
+    QString frags, points, accuracy, name;
+};
+struct Board {
+    QString left, right;
+    std::vector<BoardRow> rows;
+};
+
+// Only digits can be typed into the angle and velocity boxes; control characters (Backspace,
+// Enter, Tab, the clipboard shortcuts) pass.
+constexpr bool aimingAccepts(char16_t typed) {
+    return typed <= 31 || (typed >= u'0' && typed <= u'9');
+}
+
+class Match {
+public:
+    explicit Match(const MatchSetup& setup);
+
+    // Moves match time on by `ms`. While paused only the music counts.
+    void advance(int ms);
+    // Match time of the next thing that happens on its own, relative to now.
+    int msUntilNextEvent() const;
+    std::vector<MatchEvent> takeEvents();
+    // Where the keyboard trap asks about keys; none for a match nobody types into.
+    void setKeys(Keys* keys) { keys_ = keys; }
+
+    // ---- What the players do ----------------------------------------------------------------
+    void setAngleText(const QString& text);
+    void setVelocityText(const QString& text);
+    // The selector of `kind`, when it shows.
+    void chooseProjectile(ProjectileKind kind);
+    void throwProjectile();
+    void resume();
+
+    // ---- What there is to see ---------------------------------------------------------------
+    const MatchSettings& settings() const { return settings_; }
+    int players() const { return settings_.players(); }
+    Phase phase() const;
+    bool paused() const { return paused_; }
+    bool over() const { return board_.has_value(); }
+    // The game-over box is due: from five seconds after the final board.
+    bool gameOverShown() const { return gameOverShown_; }
+    int now() const { return now_; }
+
+    const QString& title() const { return title_; }
+    const Loading& loading() const { return loading_; }
+    const core::Canvas& sky() const { return sky_; }
+    const core::Canvas& scene() const { return scene_; }
+    const Figure& figure(int player) const { return figures_[static_cast<std::size_t>(player)]; }
+    bool figuresShown() const { return figuresShown_; }
+    const Projectile& projectile() const { return projectile_; }
+    // The wind box and the points box stand on the field except while a round is built and
+    // after the match.
+    bool boxesShown() const { return boxesShown_; }
+    const core::Canvas& windBox() const { return windBox_; }
+    const QString& windLabel() const { return windLabel_; }
+    const Wind& wind() const { return wind_; }
+    // The player's line in the points box: empty until the end of his first throw.
+    QString panelLine(int player) const;
+    const Indicator& indicator() const { return indicator_; }
+    const PointsPopup& popup() const { return popup_; }
+    const std::optional<Board>& board() const { return board_; }
+
+    const QString& name(int player) const { return names_[static_cast<std::size_t>(player)]; }
+    const PlayerStats& stats(int player) const { return stats_[static_cast<std::size_t>(player)]; }
+    int currentPlayer() const { return current_; }
+    int round() const { return round_; }
+    int leftScore() const { return leftScore_; }
+    int rightScore() const { return rightScore_; }
+    const Modes& modes() const { return modes_; }
+    bool holds(int player, ProjectileKind kind) const;
+    ProjectileKind chosenKind() const { return kind_; }
+    int tune() const { return tune_; }
+    int flightTickMs() const { return flightTickMs_; }
+    const Flight& flight() const { return flight_; }
+
+    bool inputOpen() const { return inputOpen_; }
+    bool canThrow() const;
+    const QString& angleText() const { return angleText_; }
+    const QString& velocityText() const { return velocityText_; }
+    bool selectorShown(ProjectileKind kind) const { return selectorShown_[index(kind)]; }
+    int selectorLeft(ProjectileKind kind) const { return selectorLeft_[index(kind)]; }
+    int selectionFrameLeft() const { return frameLeft_; }
+
+    Carry carry() const;
+
+private:
+    enum class StepKind {
+        Calibrate,        // the test throw: a tick every 24 ms
+        ShowCalibration,  // its result stays up a second
+        FirstRound,       // the turn and the random numbers start afresh
+        BuildRound,       // a new city behind the loading box
+        Crater,           // the rings of a crater, then the hole
+        NearMiss,         // points for a building hit near the enemy, with their popup
+        EndTurn,          // the turn passes
+        Dissolve,         // a nuked building crumbles from the ground up
+        NukeScan,         // the characters on the nuked building, one after the other
+        NukeMiss,         // a nuke that fragged nobody standing counts as a miss
+        Blast,            // the explosion over a hit character
+        Vaporize,         // a nuked character turns into the sky behind him
+        ScoreHit,         // the frag, the round and the points of a hit, with their popup
+        Dance,            // the thrower's victory dance
+        AfterHit,         // the turn passes, then the match ends or a new round may start
+        FinalBoard,       // the final board; the game-over box five seconds later
+    };
+    struct Step {
+        StepKind kind;
+        int player = 0;  // who is hit or dances; where a nuke scan goes on
+        int thrower = 0;
+        bool nuke = false;  // a hit by the nuke, which dissolves rather than explodes
+        QRect anchor{};     // what the popup of a hit rises over
+        int x = 0;          // where a nuke touched its building
+        int count = 0;      // rings, rows, picks, frames or ticks done so far
+        int nextAt = 0;     // match time of its next event
+    };
+    enum class Due { Poll, Music, Indicator, FlightTick, Check, Step };
+    // A war projectile's building contact this low also earns points for a near miss.
+    static constexpr int kLowWarHit = 450;
+
+    static std::size_t index(ProjectileKind k) { return static_cast<std::size_t>(k); }
+    Figure& figureOf(int player) { return figures_[static_cast<std::size_t>(player)]; }
+    PlayerStats& statsOf(int player) { return stats_[static_cast<std::size_t>(player)]; }
+    const PlayerSetup& setupOf(int player) const {
+        return setup_.players[static_cast<std::size_t>(player)];
+    }
+
+    // Time (Match.cpp).
+    std::optional<std::pair<int, Due>> nextDue() const;
+    void run(Due what);
+    void musicTick();
+    void play(const QString& file);
+    void push(std::initializer_list<Step> steps);
+    void runSteps();
+    // Starts `step`; false when it goes on after this moment.
+    bool begin(Step& step);
+    // The step's next event; true when the step is done.
+    bool tick(Step& step);
+
+    // The start and the rounds (MatchRound.cpp).
+    bool beginCalibration(Step& step);
+    bool calibrationTick(Step& step);
+    bool beginRound(Step& step);
+    bool roundTick(Step& step);
+    void showRoundStage(int stage);
+    void drawSky();
+    void placeAndBlendCharacters(const City& city);
+    void redrawWindBox();
+    void blend(int player);
+    void alignProjectile();
+    void showTurnTitle();
+    void markTurn();
+
+    // Throwing and flying (MatchFlight.cpp).
+    void flightTick();
+    void collisionCheck();
+    void touchBuilding(int x);
+    void stopFlight();
+    bool rightSide(int player) const;
+    void trapPoll();
+    bool flyWithArrows();
+
+    // Hits, craters, turns and the end (MatchImpact.cpp, MatchTurn.cpp).
+    void hitCharacter(int player);
+    bool craterTick(Step& step);
+    // Points for a building hit near the enemy; true when they rise in a popup.
+    bool scoreNearMiss();
+    bool beginNearMiss(Step& step);
+    bool beginDissolve(Step& step);
+    bool dissolveTick(Step& step);
+    bool beginBlast(Step& step);
+    bool blastTick(Step& step);
+    bool vaporizeTick(Step& step);
+    bool danceTick(Step& step);
+    bool beginScoreHit(Step& step);
+    void scoreRound(int hit);
+    void nukeScan(int from);
+    bool teamFragged() const;
+    void afterHit(int thrower);
+    void endTurn();
+    int nextPlayer(int from) const;
+    void showSpecials();
+    void endMatch();
+    bool fragLimitReached() const;
+
+    MatchSetup setup_;
+    MatchSettings settings_;
+    core::Random random_;
+    Keys* keys_ = nullptr;
+    std::vector<MatchEvent> events_;
+
+    // Match time stands still while paused; the music keeps its own count of real time.
+    int now_ = 0;
+    int pausedFor_ = 0;
+    bool paused_ = false;
+    int nextPoll_;
+    int nextMusicTick_;  // in real time since the start
+    int nextFlightTick_ = 0, nextCheck_ = 0;
+    // Collision checks wait while a check's popup is up (a war projectile flies on meanwhile).
+    int checksResumeAt_ = 0;
+    std::optional<Step> underWay_;
+    std::deque<Step> steps_;
+
+    QString title_;
+    Loading loading_;
+    core::Canvas sky_, scene_;
+    std::array<Figure, 4> figures_;
+    std::array<QString, 4> names_;
+    bool day_ = false;
+    bool figuresShown_ = true;
+    bool boxesShown_ = true;
+    Projectile projectile_;
+    // The flight frame counter; it goes on from match to match.
+    int projectileFrame_ = 0;
+    Flight flight_;
+    bool flying_ = false;
+    int flightTickMs_;
+    Wind wind_;
+    core::Canvas windBox_;
+    QString windLabel_;
+    Indicator indicator_;
+    PointsPopup popup_;
+    std::optional<Board> board_;
+    bool gameOverShown_ = false;
+
+    std::array<PlayerStats, 4> stats_{};
+    std::array<std::optional<int>, 4> panelPoints_{};
+    std::array<std::array<bool, kKinds>, 4> specials_{};
+    CodeBuffer codes_;
+    Modes modes_;
+    int current_ = 0;
+    ProjectileKind kind_ = ProjectileKind::Normal;
+    std::vector<int> fragged_;
+    bool roundOver_ = false;
+    bool nukedPlayer_ = false;
+    Span nukedBuilding_{0, 0};
+    int nukeRoof_ = 0;
+    int round_ = 1, leftScore_ = 0, rightScore_ = 0;
+    int tune_ = 0, tuneSeconds_ = 0;
+
+    bool inputOpen_ = true;
+    QString angleText_, velocityText_;
+    std::array<bool, kKinds> selectorShown_{true, false, false, false};
+    std::array<int, kKinds> selectorLeft_{9, 28, 47, 67};
+    int frameLeft_ = 8;
+};
+
+}  // namespace game

@@ -1,0 +1,207 @@
+// What a projectile does when it lands: craters, a nuked building, a hit character, the points
+// and the end of the match.
+#include "core/Numbers.h"
+#include "game/Match.h"
+#include "game/Scoring.h"
+
+namespace game {
+
+namespace {
+QString cry(const QString& character) {
+    if (character == QLatin1String("Dunik")) return QStringLiteral("sounds/dHit.wav");
+    if (character == QLatin1String("Vostrel")) return QStringLiteral("sounds/vGrr.wav");
+    return QStringLiteral("sounds/ge.wav");
+}
+
+int centre(const QRect& r) { return core::roundHalfEven(r.left() + r.width() / 2.0); }
+}  // namespace
+
+bool Match::craterTick(Step& s) {
+    const QPoint centre = projectile_.pos + QPoint(5, 5);
+    drawCraterRing(scene_, centre, ++s.count);
+    if (s.count < kCraterRadius) {
+        s.nextAt += durations::kCraterRingMs;
+        return false;
+    }
+    cutCraterHole(scene_, sky_, centre);
+    return true;
+}
+
+bool Match::scoreNearMiss() {
+    const QRect shot = projectile_.rect();
+    std::array<int, 4> centres{};
+    for (int i = 0; i < players(); ++i)
+        centres[static_cast<std::size_t>(i)] = centre(figure(i).rect());
+    const auto points = nearMissPoints(settings_.gameType, current_, centre(shot), centres);
+    if (!points) return false;
+    statsOf(current_).points += *points;
+    popup_.start(*points, shot.left(), shot.width(), shot.top(), now_);
+    return true;
+}
+
+bool Match::beginNearMiss(Step& s) {
+    if (!scoreNearMiss()) return true;
+    s.nextAt = popup_.endsAt();
+    return false;
+}
+
+bool Match::beginDissolve(Step& s) {
+    play(QStringLiteral("sounds/vg.wav"));
+    nukedBuilding_ = buildingAt(sky_, scene_, s.x);
+    nukeRoof_ = rowAboveRoof(sky_, scene_, nukedBuilding_);
+    // It crumbles from the ground up, then the rest of its columns turn to sky.
+    s.count = kGroundLine;
+    s.nextAt = now_ + 1;
+    return false;
+}
+
+bool Match::dissolveTick(Step& s) {
+    for (int i = 0; i < durations::kDissolveRowsPerMs && s.count >= nukeRoof_; ++i, --s.count)
+        dissolveRow(scene_, sky_, nukedBuilding_, s.count, random_);
+    if (s.count >= nukeRoof_) {
+        s.nextAt += 1;
+        return false;
+    }
+    clearBuilding(scene_, sky_, nukedBuilding_, nukeRoof_);
+    return true;
+}
+
+void Match::nukeScan(int from) {
+    // A character counts as on the building when his left edge lies strictly inside it.
+    for (int i = from; i < players(); ++i) {
+        const Figure& f = figure(i);
+        if (f.pos.x() <= nukedBuilding_.left || f.pos.x() >= nukedBuilding_.right) continue;
+        if (!f.inPlay()) {
+            nukedPlayer_ = false;
+            continue;
+        }
+        nukedPlayer_ = true;
+        // After the hit the scan goes on, unless the hit decided the round: the city may be a
+        // new one by then, and nobody in it stands on the old building.
+        push({{.kind = StepKind::NukeScan, .player = i + 1, .count = 1}});
+        hitCharacter(i);
+        return;
+    }
+}
+
+void Match::hitCharacter(int player) {
+    const int thrower = current_;
+    const bool nuke = kind_ == ProjectileKind::Nuke;
+    projectile_.shown = false;
+    push({{.kind = nuke ? StepKind::Vaporize : StepKind::Blast, .player = player},
+          {.kind = StepKind::ScoreHit,
+           .player = player,
+           .thrower = thrower,
+           .nuke = nuke,
+           .anchor = figure(player).rect()},
+          {.kind = StepKind::Dance, .player = thrower},
+          {.kind = StepKind::AfterHit, .thrower = thrower}});
+}
+
+bool Match::beginBlast(Step& s) {
+    play(QStringLiteral("Explosion-2.au"));
+    return blastTick(s);
+}
+
+bool Match::blastTick(Step& s) {
+    Figure& f = figureOf(s.player);
+    // Rings of radius 1 up to half the character's height, each after a short wait.
+    if (s.count > 0) drawBlastRing(f, s.count);
+    if (s.count + 1 <= f.height() / 2.0) {
+        ++s.count;
+        s.nextAt = now_ + durations::kBlastRingMs;
+        return false;
+    }
+    f.park();
+    return true;
+}
+
+bool Match::vaporizeTick(Step& s) {
+    Figure& f = figureOf(s.player);
+    for (int i = 0; i < durations::kVaporizePicksPerMs && s.count < kVaporizePicks; ++i, ++s.count)
+        vaporizePick(f, sky_, random_);
+    if (s.count < kVaporizePicks) {
+        s.nextAt += 1;
+        return false;
+    }
+    f.park();
+    return true;
+}
+
+bool Match::beginScoreHit(Step& s) {
+    play(s.nuke ? QStringLiteral("sounds/vg.wav") : cry(setupOf(s.player).character));
+    ++statsOf(s.thrower).frags;
+    fragged_.push_back(s.player);
+    scoreRound(s.player);
+    PlayerStats& thrower = statsOf(s.thrower);
+    const int before = thrower.points;
+    thrower.points += hitPoints(settings_.gameType, s.thrower, s.player);
+    popup_.start(thrower.points > before ? kEnemyHitPoints : kFriendlyHitPoints, s.anchor.left(),
+                 s.anchor.width(), s.anchor.top(), now_);
+    s.nextAt = popup_.endsAt();
+    return false;
+}
+
+void Match::scoreRound(int hit) {
+    // In "1 vs 1" every hit decides the round, an own goal for the opponent; in "2 vs 2" only a
+    // team wiped out does, and when both go at once the right team takes it.
+    const auto gone = [&](int p) { return !figure(p).inPlay(); };
+    int* scorer = nullptr;
+    if (settings_.gameType == GameType::OneVsOne) scorer = hit != 0 ? &leftScore_ : &rightScore_;
+    else if (gone(0) && gone(1)) scorer = &rightScore_;
+    else if (gone(2) && gone(3)) scorer = &leftScore_;
+    if (!scorer) return;
+    ++*scorer;
+    ++round_;
+    roundOver_ = true;
+}
+
+bool Match::danceTick(Step& s) {
+    if (s.count == durations::kDanceFrames) return true;
+    ++s.count;
+    figureOf(s.player).put(setupOf(s.player).art.poses[s.count % 2 == 1 ? 0 : 1]);
+    blend(s.player);
+    s.nextAt = now_ + durations::kDanceFrameMs;
+    return false;
+}
+
+void Match::afterHit(int thrower) {
+    endTurn();
+    if (fragLimitReached()) {
+        // The deciding hit counted a round that will not be played.
+        --round_;
+        endMatch();
+        push({{.kind = StepKind::FinalBoard}});
+        return;
+    }
+    const int wasted = stats(thrower).misses - stats(thrower).missMark;
+    if (const auto kind = drawAward(random_, wasted))
+        specials_[static_cast<std::size_t>(thrower)][index(*kind)] = true;
+    if (settings_.gameType == GameType::TwoVsTwo) statsOf(thrower).missMark = stats(thrower).misses;
+    if (settings_.gameType != GameType::TwoVsTwo || fragged_.size() >= 3 || teamFragged())
+        push({{.kind = StepKind::BuildRound}});
+}
+
+bool Match::fragLimitReached() const {
+    return leftScore_ == settings_.fragLimit || rightScore_ == settings_.fragLimit;
+}
+
+void Match::endMatch() {
+    for (int i = 0; i < players(); ++i) figureOf(i).park();
+    boxesShown_ = false;
+    // Every odd row becomes one flat colour 40 % darker than its leftmost pixel, so the city shows
+    // through dark stripes behind the board.
+    const auto darker = [](int v) { return core::roundHalfEven(v - v * 0.4); };
+    for (int y = 1; y <= scene_.height() - 1; y += 2) {
+        const core::Colour c = scene_.point(0, y);
+        scene_.line(0, y, scene_.width() - 1, y,
+                    core::Colour(darker(c.red()), darker(c.green()), darker(c.blue())));
+    }
+    Board b{QString::number(leftScore_), QString::number(rightScore_), {}};
+    for (int i = 0; i < players(); ++i)
+        b.rows.push_back({QString::number(stats(i).frags), QString::number(stats(i).points),
+                          accuracyText(stats(i).frags, stats(i).misses), name(i)});
+    board_ = b;
+}
+
+}  // namespace game

@@ -1,0 +1,136 @@
+// The start of a match and the building of every round.
+#include "core/Transparency.h"
+#include "game/Calibration.h"
+#include "game/Match.h"
+#include "game/Skyline.h"
+
+namespace game {
+
+namespace {
+// The projectile waits this far above the thrower's head.
+constexpr int kHandAbove = 11;
+constexpr int kRoundStages = 5;
+}  // namespace
+
+bool Match::beginCalibration(Step& s) {
+    loading_ = {true, QStringLiteral("Synchronizing Timers..."), 0};
+    play(QStringLiteral("sounds/gn.wav"));
+    s.nextAt = now_ + calibration::kTestTickMs;
+    return false;
+}
+
+bool Match::calibrationTick(Step& s) {
+    ++s.count;
+    const int left = calibration::testLeft(s.count);
+    loading_.progress = left / 100.0 * 100;
+    if (left <= calibration::kTestAreaWidth - 10) {
+        s.nextAt += calibration::kTestTickMs;
+        return false;
+    }
+    loading_.status = calibration::report(s.count);
+    flightTickMs_ = calibration::flightTickMs(s.count);
+    return true;
+}
+
+bool Match::beginRound(Step& s) {
+    loading_ = {true, QStringLiteral("Loading"), 0};
+    figuresShown_ = boxesShown_ = false;
+    drawSky();
+    scene_ = sky_;
+    for (int i = 0; i < players(); ++i) figureOf(i).park();
+    const City city = drawCity(scene_, random_, players(), settings_.buildingHeight, day_);
+    placeAndBlendCharacters(city);
+    fragged_.clear();
+    wind_ = roundWind(random_, settings_.windExtremity);
+    redrawWindBox();
+    alignProjectile();
+    showRoundStage(0);
+    s.nextAt = now_ + durations::kRoundStageMs;
+    return false;
+}
+
+void Match::showRoundStage(int stage) {
+    const int n = players();
+    switch (stage) {
+        case 0: loading_.status = QStringLiteral("Rendering Sky..."), loading_.progress = 7; break;
+        case 1:
+            loading_.status = QStringLiteral("Rendering Buildings..."), loading_.progress = 67;
+            break;
+        case 2:
+            loading_.status = QStringLiteral("Rendering Player %1...").arg(n);
+            loading_.progress = static_cast<double>(n - 1) / n * 20 + 67;
+            break;
+        case 3: loading_.status = QStringLiteral("Creating Wind..."), loading_.progress = 95; break;
+        default: loading_.progress = 100; break;
+    }
+}
+
+bool Match::roundTick(Step& s) {
+    if (++s.count < kRoundStages) {
+        showRoundStage(s.count);
+        s.nextAt += durations::kRoundStageMs;
+        return false;
+    }
+    figuresShown_ = boxesShown_ = true;
+    showTurnTitle();
+    markTurn();
+    roundOver_ = false;
+    loading_.shown = false;
+    return true;
+}
+
+void Match::drawSky() {
+    switch (settings_.timeOfDay) {
+        case TimeOfDay::Day: day_ = true; break;
+        case TimeOfDay::Night: day_ = false; break;
+        case TimeOfDay::Random: day_ = random_.below(2) == 0; break;
+    }
+    paintSky(sky_, day_ ? kDaySky : kNightSky);
+}
+
+void Match::placeAndBlendCharacters(const City& city) {
+    for (int i = 0; i < players(); ++i) {
+        Figure& f = figureOf(i);
+        const int roof = city.roofOf[static_cast<std::size_t>(i)];
+        f.pos =
+            standingPlace(city.buildings[static_cast<std::size_t>(roof)], f.width(), f.height());
+    }
+    for (int i = 0; i < players(); ++i) {
+        figureOf(i).wipe();
+        blend(i);
+        statsOf(i).missMark = statsOf(i).misses;
+    }
+}
+
+void Match::blend(int player) {
+    Figure& f = figureOf(player);
+    // Characters show the city behind them, buildings and craters included.
+    core::makeTransparent(f.canvas(),
+                          [&](int x, int y) { return scene_.point(f.pos.x() + x, f.pos.y() + y); });
+}
+
+void Match::redrawWindBox() {
+    // The box shows the sky behind it, without buildings, under the arrow.
+    windBox_.blit(sky_, -kWindBox.left(), -kWindBox.top());
+    drawWindArrow(windBox_, wind_);
+    windLabel_ = windText(wind_);
+}
+
+void Match::alignProjectile() {
+    const Figure& p = figureOf(current_);
+    const int width = projectile_.picture().width();
+    projectile_.pos = {rightSide(current_) ? p.pos.x() + p.width() - width : p.pos.x(),
+                       p.pos.y() - kHandAbove};
+    flight_.hand = projectile_.pos;
+}
+
+void Match::showTurnTitle() {
+    title_ = name(current_) + QStringLiteral(" - ") + QString::number(stats(current_).points) +
+             QStringLiteral(" pts");
+}
+
+void Match::markTurn() {
+    indicator_.start(setup_.marker, figure(current_).rect(), name(current_), now_);
+}
+
+}  // namespace game

@@ -1,0 +1,35 @@
+#include "screens/LoadingBox.h"
+
+#include <QLabel>
+#include <QProgressBar>
+
+#include "ui/Labels.h"
+#include "ui/RaisedFrame.h"
+
+namespace screens {
+
+LoadingBox::LoadingBox(QWidget* owner)
+    : ui::Window(281, 58, Qt::Tool | Qt::FramelessWindowHint, owner) {
+    closable = false;
+    new ui::RaisedFrame(this, 2);
+    status_ = ui::makeLabel(this, 17, 6, 248, 17, QStringLiteral("Loading"), Qt::AlignCenter);
+    bar_ = new QProgressBar(this);
+    bar_->setGeometry(16, 26, 251, 20);
+    bar_->setRange(0, 100);
+    bar_->setValue(0);
+    bar_->setTextVisible(false);
+}
+
+void LoadingBox::showState(const game::Loading& state) {
+    if (status_->text() != state.status) status_->setText(state.status);
+    bar_->setValue(static_cast<int>(state.progress));
+    if (isHidden()) {
+        showCentred();
+        repaint();
+    }
+}
+
+QString LoadingBox::status() const { return status_->text(); }
+int LoadingBox::progress() const { return bar_->value(); }
+
+}  // namespace screens

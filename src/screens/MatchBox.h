@@ -1,0 +1,35 @@
+#pragma once
+// The small box over the match window, in two kinds: the pause box that Escape opens ("Resume",
+// "Start Over", "Quit") and the game-over box after the final board ("Play Again", "View
+// Credits", "Quit"). Only its buttons close it.
+#include <functional>
+
+#include "ui/Window.h"
+
+class QLabel;
+class QPushButton;
+
+namespace screens {
+
+class MatchBox : public ui::Window {
+public:
+    enum class Kind { Paused, GameOver };
+    enum class Choice { Resume, StartOver, PlayAgain, ViewCredits, Quit };
+
+    MatchBox(QWidget* match, Kind kind);
+    Kind kind() const { return kind_; }
+    // The caption and the three buttons, top to bottom and left to right.
+    QStringList texts() const;
+    void choose(Choice choice);
+
+    std::function<void(Choice)> onChoice;
+
+private:
+    Kind kind_;
+    QLabel* caption_ = nullptr;
+    QPushButton* first_ = nullptr;
+    QPushButton* second_ = nullptr;
+    QPushButton* quit_ = nullptr;
+};
+
+}  // namespace screens

@@ -1,0 +1,56 @@
+#pragma once
+// The match window: the field and the strip below it, drawn from the match and driven by one
+// timer that moves the match on by the time that has passed. It plays what the match asks for
+// and tells its owner when the pause box or the game-over box is due.
+#include <QPointer>
+#include <functional>
+#include <memory>
+
+#include "core/DataFolder.h"
+#include "game/Match.h"
+#include "media/Sound.h"
+#include "screens/LoadingBox.h"
+#include "ui/Timer.h"
+#include "ui/Window.h"
+
+namespace screens {
+
+class MatchField;
+class MatchStrip;
+
+class MatchView : public ui::Window {
+public:
+    MatchView(const game::MatchSetup& setup, media::Sound& sound, game::Keys& keys,
+              core::DataFolder data);
+    ~MatchView() override;
+
+    const game::Match& match() const { return match_; }
+    // After the pause box: the match goes on, and its window takes the keyboard again.
+    void resume();
+
+    MatchStrip* strip() const { return strip_; }
+    MatchField* field() const { return field_; }
+    LoadingBox* loadingBox() const { return loading_.data(); }
+
+    std::function<void()> onPaused;
+    std::function<void()> onGameOver;
+
+private:
+    struct Look;
+    void step();
+    void playEvents();
+    void refresh();
+    Look look() const;
+
+    game::Match match_;
+    media::Sound& sound_;
+    core::DataFolder data_;
+    MatchField* field_ = nullptr;
+    MatchStrip* strip_ = nullptr;
+    QPointer<LoadingBox> loading_;
+    ui::Timer timer_;
+    std::int32_t lastTick_ = 0;
+    std::unique_ptr<Look> drawn_;
+};
+
+}  // namespace screens

@@ -1,0 +1,43 @@
+#pragma once
+// The title screen, where the program starts and every finished match returns: the game's name,
+// six characters dancing in step, "Start" and "Exit".
+#include <array>
+#include <functional>
+
+#include "core/Colour.h"
+#include "core/DataFolder.h"
+#include "media/Sound.h"
+#include "ui/Timer.h"
+#include "ui/Window.h"
+
+namespace ui {
+class CanvasWidget;
+}
+
+namespace screens {
+
+class TitleScreen : public ui::Window {
+public:
+    // `danceFrame` (0 or 1) goes on from its last value whenever the screen comes back.
+    TitleScreen(const core::DataFolder& data, media::Sound& sound, int& danceFrame);
+
+    // 0 to 5 the six characters in their first pose, 6 to 11 the same in their second.
+    ui::CanvasWidget* dancer(int i) const { return dancers_[static_cast<std::size_t>(i)]; }
+    void start();
+    void exit();
+
+    std::function<void()> onStart;
+    std::function<void()> onExit;
+
+private:
+    void loadDancers();
+    void dance();
+
+    core::DataFolder data_;
+    int& danceFrame_;
+    core::Colour background_;
+    std::array<ui::CanvasWidget*, 12> dancers_{};
+    ui::Timer dancing_;
+};
+
+}  // namespace screens

@@ -1,0 +1,28 @@
+#pragma once
+// A screen's window: a fixed inner size, opened centred on the desktop. When the players close it
+// with its close box, `onClose` says what happens next; a window its program closes asks nothing.
+#include <QWidget>
+#include <functional>
+
+namespace ui {
+
+class Window : public QWidget {
+public:
+    Window(int width, int height, Qt::WindowFlags flags, QWidget* owner = nullptr);
+    // Shows the window centred on the primary screen.
+    void showCentred();
+    std::function<void()> onClose;
+    // While false, the window system cannot close it.
+    bool closable = true;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+};
+
+// Every window of the program shows the picture in `files` that suits its size best.
+void setWindowIcon(const QStringList& files);
+// Deletes every window that is left, owned ones with their owners; call it before the
+// application object goes, which cannot tear down live windows safely.
+void destroyAllWindows();
+
+}  // namespace ui

@@ -1,0 +1,89 @@
+#include "GameSupport.h"
+
+#include "core/Bitmap.h"
+
+namespace testing_support {
+
+namespace {
+core::Canvas Picture(const QString& relative) {
+    QImage image;
+    EXPECT_TRUE(core::readBitmap(QStringLiteral(GRUMBO_DATA_DIR "/") + relative, image))
+        << relative.toStdString();
+    return core::Canvas(image);
+}
+}  // namespace
+
+game::CharacterArt ShippedArt(const QString& character) {
+    const QString stem = QStringLiteral("characters/") + character;
+    return {Picture(stem + QStringLiteral(".bmp")),
+            {Picture(stem + QStringLiteral("1.bmp")), Picture(stem + QStringLiteral("2.bmp"))}};
+}
+
+game::MatchSetup ShippedSetup(int players, std::uint64_t seed) {
+    static const char* const kCharacters[4] = {"Classic Grumbo", "Rapper Grumbo", "Robo Grumbo",
+                                               "Suit Grumbo"};
+    game::MatchSetup s;
+    s.settings.gameType = players == 4 ? game::GameType::TwoVsTwo : game::GameType::OneVsOne;
+    s.settings.music = false;
+    s.seed = seed;
+    for (int i = 0; i < 4; ++i) {
+        game::PlayerSetup& p = s.players[static_cast<std::size_t>(i)];
+        p.name = QStringLiteral("Player %1").arg(i + 1);
+        p.character = QString::fromLatin1(kCharacters[i]);
+        p.art = ShippedArt(p.character);
+    }
+    s.marker = Picture(QStringLiteral("pIndication.bmp"));
+    return s;
+}
+
+Play::Play(const game::MatchSetup& setup) : match(setup) {
+    match.setKeys(&keys);
+    collect();
+}
+
+Play& Play::started() {
+    EXPECT_TRUE(runUntil([&] { return match.phase() == game::Phase::Aiming; }));
+    return *this;
+}
+
+void Play::collect() {
+    for (const game::MatchEvent& e : match.takeEvents()) {
+        if (e.kind == game::MatchEvent::Kind::Sound) sounds << e.file;
+        events.push_back(e);
+    }
+}
+
+void Play::run(int ms) {
+    match.advance(ms);
+    collect();
+}
+
+bool Play::runUntil(const std::function<bool()>& done, int limitMs) {
+    for (int t = 0; t < limitMs && !done(); ++t) run(1);
+    return done();
+}
+
+bool Play::throwAt(int angle, int velocity, game::ProjectileKind kind) {
+    match.chooseProjectile(kind);
+    match.setAngleText(QString::number(angle));
+    match.setVelocityText(QString::number(velocity));
+    if (!match.canThrow()) return false;
+    match.throwProjectile();
+    collect();
+    return runUntil([&] { return match.over() || match.phase() == game::Phase::Aiming; });
+}
+
+void Play::tap(int key) {
+    keys.held.insert(key);
+    run(20);
+}
+
+void Play::type(const QString& text) {
+    for (QChar c : text) {
+        if (c == QLatin1Char('\\')) tap(game::key::kBackslash);
+        else if (c == QLatin1Char(' ')) tap(game::key::kSpace);
+        else tap(c.toUpper().unicode());
+    }
+}
+
+}  // namespace testing_support

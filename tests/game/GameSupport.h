@@ -1,0 +1,52 @@
+#pragma once
+// Matches on the model alone: the shipped characters, a seed, keys a test presses, and the
+// sounds the match asked for.
+#include <gtest/gtest.h>
+
+#include <QStringList>
+#include <functional>
+#include <set>
+
+#include "game/Match.h"
+
+namespace testing_support {
+
+// The art of a shipped character, from the source tree's data folder.
+game::CharacterArt ShippedArt(const QString& character);
+// Two or four players named "Player 1" to "Player 4" with shipped characters, music off.
+game::MatchSetup ShippedSetup(int players = 2, std::uint64_t seed = 42);
+
+// Keys held down for the trap's next poll.
+class HeldKeys : public game::Keys {
+public:
+    bool pressed(int key) override { return held.erase(key) > 0; }
+    std::multiset<int> held;
+};
+
+// A match with the keys and the event log a test needs.
+class Play {
+public:
+    explicit Play(const game::MatchSetup& setup);
+    // Runs until the first round stands.
+    Play& started();
+    void run(int ms);
+    // Runs in steps of 1 ms until `done` holds; false after `limitMs`.
+    bool runUntil(const std::function<bool()>& done, int limitMs = 60000);
+    // Types angle and velocity, chooses `kind` and throws; returns once the turn has passed or
+    // the match has ended.
+    bool throwAt(int angle, int velocity, game::ProjectileKind kind = game::ProjectileKind::Normal);
+    // Presses `key` for one poll of the keyboard trap.
+    void tap(int key);
+    void type(const QString& text);
+
+    game::Match match;
+    HeldKeys keys;
+    // Every event so far, sounds as their files.
+    QStringList sounds;
+    std::vector<game::MatchEvent> events;
+
+private:
+    void collect();
+};
+
+}  // namespace testing_support

@@ -1,0 +1,246 @@
+// The seeded runs recorded from the game before its rules moved into a model of their own: every
+// picture of the match window and of the screens around it, every window title, sound and tune
+// must come out as recorded. GOLDEN_OUT names a folder for the pictures that differ.
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSlider>
+#include <QTest>
+#include <QTextStream>
+#include <map>
+
+#include "../TestSupport.h"
+#include "../game/GameSupport.h"
+#include "screens/LoadingBox.h"
+#include "screens/MatchBox.h"
+#include "screens/MatchStrip.h"
+#include "ui/ArrowControl.h"
+#include "ui/CanvasWidget.h"
+
+using namespace testing_support;
+
+namespace {
+
+const QString kGolden = QStringLiteral(GRUMBO_SOURCE_DIR "/tests/golden/");
+
+struct Scenario {
+    std::map<QString, QString> options;
+    QStringList steps;
+};
+
+Scenario ReadScenario(const QString& name) {
+    QFile file(kGolden + QStringLiteral("scenarios.txt"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Text));
+    Scenario s;
+    bool mine = false;
+    for (QTextStream in(&file); !in.atEnd();) {
+        const QString line = in.readLine();
+        if (line.startsWith(QLatin1String("scenario "))) {
+            const QStringList parts = line.split(QLatin1Char(' '));
+            mine = parts[1] == name;
+            for (int i = 2; mine && i < parts.size(); ++i)
+                s.options[parts[i].section(QLatin1Char('='), 0, 0)] =
+                    parts[i].section(QLatin1Char('='), 1);
+        } else if (mine && !line.startsWith(QLatin1Char('#')) && !line.trimmed().isEmpty()) {
+            s.steps << line;
+        }
+    }
+    return s;
+}
+
+// How many pixels differ, and where the first one is.
+testing::AssertionResult SamePicture(const QImage& actual, const QString& file) {
+    const QImage expected(kGolden + QStringLiteral("expected/") + file);
+    if (expected.isNull()) return testing::AssertionFailure() << "no " << file.toStdString();
+    const QImage a = actual.convertToFormat(QImage::Format_RGB32);
+    const QImage e = expected.convertToFormat(QImage::Format_RGB32);
+    if (a.size() != e.size())
+        return testing::AssertionFailure() << file.toStdString() << ": another size";
+    int differ = 0;
+    QPoint first;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            if (a.pixel(x, y) != e.pixel(x, y) && differ++ == 0) first = {x, y};
+    if (differ == 0) return testing::AssertionSuccess();
+    const QString out = qEnvironmentVariable("GOLDEN_OUT");
+    if (!out.isEmpty()) a.save(out + QLatin1Char('/') + file);
+    return testing::AssertionFailure()
+           << file.toStdString() << ": " << differ << " pixels differ, the first at " << first.x()
+           << ", " << first.y();
+}
+
+QStringList ExpectedLog(const QString& name) {
+    QFile file(kGolden + QStringLiteral("expected/") + name + QStringLiteral(".log"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly | QIODevice::Text));
+    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+class GoldenRun : public ScreensTest, public testing::WithParamInterface<const char*> {
+protected:
+    void TearDown() override {
+        view.reset();
+        ScreensTest::TearDown();
+    }
+
+    void Capture(const QString& what) {
+        const QString file =
+            QStringLiteral("%1-%2.png").arg(name).arg(shots++, 2, 10, QLatin1Char('0'));
+        EXPECT_TRUE(SamePicture(view->grab().toImage(), file));
+        QStringList tunes;
+        for (const QString& t : sound.tunes) tunes << t.section(QLatin1Char(' '), 1);
+        log << QStringLiteral("%1 %2 | title=%3 | sounds=%4 | music=%5")
+                   .arg(file, what, view->windowTitle(), sound.effects.join(QLatin1Char(',')),
+                        tunes.join(QLatin1Char(',')));
+        sound.effects.clear();
+        sound.tunes.clear();
+    }
+
+    void Throw(int angle, int velocity, int kind, bool flight, bool pause) {
+        screens::MatchStrip& strip = *view->strip();
+        if (kind > 0 && strip.selector(kind)->isVisible())
+            QTest::mouseClick(strip.selector(kind), Qt::LeftButton, {}, QPoint(5, 5));
+        strip.angleBox()->setText(QString::number(angle));
+        strip.velocityBox()->setText(QString::number(velocity));
+        ASSERT_TRUE(strip.throwButton()->isEnabled());
+        strip.throwButton()->click();
+        if (flight || pause) {
+            // A pause comes 2 ms after the tenth flight tick, so that the keyboard's poll sees
+            // it before the eleventh, however the poll falls.
+            clock.advance(pause ? 322 : 330);
+            Capture(QStringLiteral("flight"));
+        }
+        if (pause) {
+            Tap(game::key::kEscape);
+            clock.advance(1500);
+            Capture(QStringLiteral("paused"));
+            view->resume();
+        }
+        const game::Match& m = view->match();
+        clock.runUntil([&] { return m.over() || m.phase() == game::Phase::Aiming; }, 600000);
+        clock.runUntil([&] { return !m.over() || m.gameOverShown(); }, 10000);
+    }
+
+    void Step(const QString& step) {
+        const QStringList w = step.split(QLatin1Char(' '));
+        if (w[0] == QLatin1String("throw") || w[0] == QLatin1String("pause")) {
+            const bool flight = w.contains(QLatin1String("flight"));
+            const int kind = w.size() > 3 && w[3] != QLatin1String("flight") ? w[3].toInt() : 0;
+            Throw(w[1].toInt(), w[2].toInt(), kind, flight, w[0] == QLatin1String("pause"));
+        } else if (w[0] == QLatin1String("keys")) {
+            for (QChar c : step.mid(5))
+                Tap(c == QLatin1Char('\\')  ? game::key::kBackslash
+                    : c == QLatin1Char(' ') ? game::key::kSpace
+                                            : c.toUpper().unicode());
+        } else if (w[0] == QLatin1String("arrow")) {
+            const int key = w[1] == QLatin1String("LEFT")    ? game::key::kLeft
+                            : w[1] == QLatin1String("UP")    ? game::key::kUp
+                            : w[1] == QLatin1String("RIGHT") ? game::key::kRight
+                                                             : game::key::kDown;
+            for (int i = 0; i < w[2].toInt(); ++i) Tap(key);
+        }
+        clock.advance(2500);
+        Capture(step);
+        const game::Match& m = view->match();
+        QStringList figures[3];
+        for (int i = 0; i < 4; ++i) {
+            const game::PlayerStats s = i < m.players() ? m.stats(i) : game::PlayerStats{};
+            figures[0] << QString::number(s.frags);
+            figures[1] << QString::number(s.points);
+            figures[2] << QString::number(s.misses);
+        }
+        log << QStringLiteral("  frags=%1 points=%2 misses=%3")
+                   .arg(figures[0].join(','), figures[1].join(','), figures[2].join(','));
+    }
+
+    QString name;
+    int shots = 0;
+    QStringList log;
+    std::unique_ptr<screens::MatchView> view;
+};
+
+TEST_P(GoldenRun, DrawsAndSoundsAsRecorded) {
+    name = QString::fromLatin1(GetParam());
+    const Scenario s = ReadScenario(name);
+    const auto opt = [&](const char* key, const char* fallback) {
+        const auto it = s.options.find(QLatin1String(key));
+        return it == s.options.end() ? QString::fromLatin1(fallback) : it->second;
+    };
+    game::MatchSetup setup =
+        ShippedSetup(opt("players", "2").toInt(), opt("seed", "1").toULongLong());
+    game::MatchSettings& settings = setup.settings;
+    settings.timeOfDay = static_cast<game::TimeOfDay>(opt("time", "1").toInt() - 1);
+    settings.windExtremity = opt("wind", "20").toInt();
+    settings.windGusts = opt("gusts", "1") == QLatin1String("1");
+    settings.fragLimit = opt("frags", "3").toInt();
+    settings.gravity = opt("gravity", "9.8").toDouble();
+    settings.buildingHeight = opt("height", "8").toInt();
+    settings.music = opt("music", "0") == QLatin1String("1");
+    view = std::make_unique<screens::MatchView>(setup, sound, keys, ShippedData());
+    view->showCentred();
+    clock.runUntil([&] { return view->match().phase() == game::Phase::Aiming; }, 5000);
+    clock.advance(2500);
+    Capture(QStringLiteral("start"));
+    for (const QString& step : s.steps) Step(step);
+    EXPECT_EQ(log, ExpectedLog(name));
+}
+
+INSTANTIATE_TEST_SUITE_P(Golden, GoldenRun,
+                         testing::Values("day1v1", "night1v1", "codes1v1", "teams2v2", "nuke2v2",
+                                         "music1v1"));
+
+}  // namespace
+
+namespace {
+
+class GoldenScreens : public ScreensTest {
+protected:
+    void Expect(QWidget* window, const char* name) {
+        ASSERT_TRUE(window);
+        EXPECT_TRUE(SamePicture(window->grab().toImage(),
+                                QStringLiteral("screen-%1.png").arg(QLatin1String(name))));
+    }
+};
+
+TEST_F(GoldenScreens, LookAsRecorded) {
+    app::ScreenFlow& f = StartProgram();
+    Expect(f.title(), "title-both");
+    clock.advance(150);
+    Expect(f.title(), "title-dance1");
+    clock.advance(150);
+    Expect(f.title(), "title-dance2");
+    f.title()->start();
+    screens::SetupScreen& setup = *f.setup();
+    Expect(&setup, "setup");
+    QTest::mouseClick(setup.gameType, Qt::LeftButton, {}, QPoint(8, 2));
+    QTest::mouseClick(setup.timeOfDay, Qt::LeftButton, {}, QPoint(8, 2));
+    setup.windExtremity->setValue(0);
+    setup.buildingHeight->setValue(12);
+    QTest::mouseClick(setup.gravity, Qt::LeftButton, {}, QPoint(8, 16));
+    Expect(&setup, "setup-changed");
+    setup.next();
+    screens::PlayerScreen& players = *f.players();
+    Expect(&players, "player1");
+    QTest::keyClicks(players.nameBox, QStringLiteral("Ann"));
+    for (int i = 0; i < 2; ++i)
+        QTest::mouseClick(players.browser, Qt::LeftButton, {}, QPoint(140, 10));
+    Expect(&players, "player1-browsed");
+    players.next();
+    Expect(&players, "player2");
+    QTest::keyClicks(players.nameBox, QStringLiteral("vostrel"));
+    Expect(&players, "player2-vostrel");
+
+    QWidget owner;
+    screens::LoadingBox loading(&owner);
+    loading.showState({true, QStringLiteral("Rendering Buildings..."), 40});
+    Expect(&loading, "loading");
+    Expect(new screens::MatchBox(&owner, screens::MatchBox::Kind::Paused), "pause-box");
+    Expect(new screens::MatchBox(&owner, screens::MatchBox::Kind::GameOver), "gameover-box");
+    screens::CreditsScreen credits(ShippedData());
+    clock.advance(2025);
+    Expect(&credits, "credits-2s");
+    clock.advance(60000);
+    Expect(&credits, "credits-end");
+}
+
+}  // namespace
