@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "app/ScreenFlow.h"
+#include "game/GameSupport.h"
 #include "media/Sound.h"
 #include "ui/Clock.h"
 #include "ui/Keyboard.h"

@@ -85,7 +85,7 @@ void Match::drawSky() {
         case TimeOfDay::Night: day_ = false; break;
         case TimeOfDay::Random: day_ = random_.below(2) == 0; break;
     }
-    paintSky(sky_, day_ ? kDaySky : kNightSky);
+    sky_ = fieldSky(day_);
 }
 
 void Match::placeAndBlendCharacters(const City& city) {

@@ -79,12 +79,22 @@ Building drawBuilding(core::Canvas& scene, core::Random& random, int x, int buil
 
 void drawGradient(core::Canvas& canvas, core::Colour from, core::Colour to, float x1, float x2,
                   float y1, float y2) {
+    const int left = core::roundHalfEven(x1), right = core::roundHalfEven(x2);
+    if (from == to && y1 == std::floor(y1) && y2 == std::floor(y2)) {
+        // One colour on whole rows: the lines are a rectangle, each stopping short of `right`.
+        if (left != right)
+            canvas.fillRect(left, static_cast<int>(y1), right + (left < right ? -1 : 1),
+                            static_cast<int>(y2), from);
+        else
+            for (int y = static_cast<int>(y1); y <= static_cast<int>(y2); ++y)
+                canvas.setPixel(left, y, from);
+        return;
+    }
     const float dR = (to.red() - from.red()) / (y2 - y1);
     const float dG = (to.green() - from.green()) / (y2 - y1);
     const float dB = (to.blue() - from.blue()) / (y2 - y1);
     float r = static_cast<float>(from.red()), g = static_cast<float>(from.green()),
           b = static_cast<float>(from.blue());
-    const int left = core::roundHalfEven(x1), right = core::roundHalfEven(x2);
     for (float y = y1; y <= y2; y += 1.0f) {
         const int row = core::roundHalfEven(y);
         canvas.line(left, row, right, row, core::Colour(channel(r), channel(g), channel(b)));
@@ -97,6 +107,17 @@ void drawGradient(core::Canvas& canvas, core::Colour from, core::Colour to, floa
 void paintSky(core::Canvas& canvas, const Sky& sky) {
     drawGradient(canvas, sky.top, sky.bottom, 0, static_cast<float>(canvas.width()), 0,
                  static_cast<float>(canvas.height()));
+}
+
+const core::Canvas& fieldSky(bool day) {
+    static const std::array<core::Canvas, 2> skies = [] {
+        std::array<core::Canvas, 2> s{core::Canvas(kFieldWidth, kFieldHeight),
+                                      core::Canvas(kFieldWidth, kFieldHeight)};
+        paintSky(s[0], kNightSky);
+        paintSky(s[1], kDaySky);
+        return s;
+    }();
+    return skies[day ? 1 : 0];
 }
 
 City drawCity(core::Canvas& scene, core::Random& random, int players, int buildingHeight,

@@ -17,6 +17,8 @@ namespace game {
 void drawGradient(core::Canvas& canvas, core::Colour from, core::Colour to, float x1, float x2,
                   float y1, float y2);
 void paintSky(core::Canvas& canvas, const Sky& sky);
+// The field's day or night sky, painted once.
+const core::Canvas& fieldSky(bool day);
 
 struct Building {
     int left, width, height;

@@ -36,6 +36,13 @@ game::MatchSetup ShippedSetup(int players, std::uint64_t seed) {
     return s;
 }
 
+game::MatchSetup CalmSetup(int players, std::uint64_t seed) {
+    game::MatchSetup s = ShippedSetup(players, seed);
+    s.settings.windExtremity = 0;
+    s.settings.windGusts = false;
+    return s;
+}
+
 Play::Play(const game::MatchSetup& setup) : match(setup) {
     match.setKeys(&keys);
     collect();
@@ -84,6 +91,27 @@ void Play::type(const QString& text) {
         else if (c == QLatin1Char(' ')) tap(game::key::kSpace);
         else tap(c.toUpper().unicode());
     }
+}
+
+void Play::flyTo(QPoint place) {
+    if (!match.modes().flying) type(QStringLiteral("\\hop fremble"));
+    const auto& me = [&]() -> const game::Figure& { return match.figure(match.currentPlayer()); };
+    for (int i = 0; i < 1000; ++i) {
+        const QPoint d = place - me().pos;
+        if (std::abs(d.x()) < 3 && std::abs(d.y()) < 3) return;
+        if (std::abs(d.x()) >= 3) tap(d.x() < 0 ? game::key::kLeft : game::key::kRight);
+        else tap(d.y() < 0 ? game::key::kUp : game::key::kDown);
+    }
+}
+
+bool Play::dropOn(int target, game::ProjectileKind kind) {
+    const game::Figure& t = match.figure(target);
+    const game::Figure& me = match.figure(match.currentPlayer());
+    // The projectile waits at the thrower's hand: his left edge, or his right edge on the right.
+    const bool right = match.currentPlayer() > match.players() / 2 - 1;
+    const int hand = t.pos.x() + t.width() / 2 - 5;
+    flyTo({right ? hand - me.width() + 10 : hand, t.pos.y() - 40 + 11});
+    return throwAt(90, 0, kind);
 }
 
 }  // namespace testing_support

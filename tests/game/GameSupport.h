@@ -15,6 +15,8 @@ namespace testing_support {
 game::CharacterArt ShippedArt(const QString& character);
 // Two or four players named "Player 1" to "Player 4" with shipped characters, music off.
 game::MatchSetup ShippedSetup(int players = 2, std::uint64_t seed = 42);
+// The same in a calm city: no wind blows a projectile off its way.
+game::MatchSetup CalmSetup(int players = 2, std::uint64_t seed = 42);
 
 // Keys held down for the trap's next poll.
 class HeldKeys : public game::Keys {
@@ -38,6 +40,12 @@ public:
     // Presses `key` for one poll of the keyboard trap.
     void tap(int key);
     void type(const QString& text);
+    // Types "\hop fremble" and flies the thrower with the arrow keys, 3 pixels a poll, until his
+    // top-left corner is within 3 pixels of `place`.
+    void flyTo(QPoint place);
+    // Flies the thrower over player `target` and drops a projectile of `kind` on his head (in a
+    // calm city); returns once the turn has passed or the match has ended.
+    bool dropOn(int target, game::ProjectileKind kind = game::ProjectileKind::Normal);
 
     game::Match match;
     HeldKeys keys;
@@ -50,3 +58,6 @@ private:
 };
 
 }  // namespace testing_support
+
+// Texts in the messages of failed checks.
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }

@@ -11,7 +11,7 @@
 #include <map>
 
 #include "../TestSupport.h"
-#include "../game/GameSupport.h"
+#include "game/GameSupport.h"
 #include "screens/LoadingBox.h"
 #include "screens/MatchBox.h"
 #include "screens/MatchStrip.h"
