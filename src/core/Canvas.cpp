@@ -18,7 +18,7 @@ void Canvas::setPixel(int x, int y, Colour colour) {
     reinterpret_cast<QRgb*>(image_.scanLine(y))[x] = colour.rgb();
 }
 
-void Canvas::row(int x1, int x2, int y, QRgb colour) {
+void Canvas::fillRow(int x1, int x2, int y, QRgb colour) {
     if (y < 0 || y >= height()) return;
     if (x1 > x2) std::swap(x1, x2);
     x1 = std::max(x1, 0);
@@ -34,7 +34,7 @@ void Canvas::line(int x1, int y1, int x2, int y2, Colour colour) {
         return;
     }
     if (y1 == y2) {
-        row(x1, x2 > x1 ? x2 - 1 : x2 + 1, y1, colour.rgb());
+        fillRow(x1, x2 > x1 ? x2 - 1 : x2 + 1, y1, colour.rgb());
         return;
     }
     // Bresenham, without the end point.
@@ -58,7 +58,7 @@ void Canvas::line(int x1, int y1, int x2, int y2, Colour colour) {
 void Canvas::fillRect(int x1, int y1, int x2, int y2, Colour colour) {
     if (y1 > y2) std::swap(y1, y2);
     for (int y = std::max(y1, 0); y <= std::min(y2, height() - 1); ++y)
-        row(x1, x2, y, colour.rgb());
+        fillRow(x1, x2, y, colour.rgb());
 }
 
 void Canvas::circle(int cx, int cy, int radius, Colour outline, std::optional<Colour> fill) {
@@ -70,7 +70,7 @@ void Canvas::circle(int cx, int cy, int radius, Colour outline, std::optional<Co
     };
     for (int dy = -radius; dy <= radius; ++dy) {
         const int half = halfWidth(dy);
-        if (fill) row(cx - half, cx + half, cy + dy, fill->rgb());
+        if (fill) fillRow(cx - half, cx + half, cy + dy, fill->rgb());
         setPixel(cx - half, cy + dy, outline);
         setPixel(cx + half, cy + dy, outline);
     }

@@ -38,8 +38,11 @@ public:
 
     bool operator==(const Canvas& other) const { return image_ == other.image_; }
 
+    // The pixels of row `y`, which must lie inside the canvas, for drawing many at once.
+    QRgb* row(int y) { return reinterpret_cast<QRgb*>(image_.scanLine(y)); }
+
 private:
-    void row(int x1, int x2, int y, QRgb colour);
+    void fillRow(int x1, int x2, int y, QRgb colour);
 
     QImage image_;
 };

@@ -1,16 +1,24 @@
 #include "core/Transparency.h"
 
+#include <algorithm>
+
 #include "core/Numbers.h"
 
 namespace core {
 
 void makeTransparent(Canvas& picture, float startX, float startY, float endX, float endY,
                      const Behind& behind) {
-    const int x1 = roundHalfEven(startX), x2 = roundHalfEven(endX);
-    const int y1 = roundHalfEven(startY), y2 = roundHalfEven(endY);
-    for (int x = x1; x <= x2; ++x)
-        for (int y = y1; y <= y2; ++y)
-            if (picture.point(x, y) == kWhite) picture.setPixel(x, y, behind(x, y));
+    // Points outside the picture read as no colour, which is not white: only the part inside
+    // counts. Each pixel is looked at once, so the order in which they are visited is free.
+    const int x1 = std::max(roundHalfEven(startX), 0);
+    const int x2 = std::min(roundHalfEven(endX), picture.width() - 1);
+    const int y1 = std::max(roundHalfEven(startY), 0);
+    const int y2 = std::min(roundHalfEven(endY), picture.height() - 1);
+    for (int y = y1; y <= y2; ++y) {
+        QRgb* row = picture.row(y);
+        for (int x = x1; x <= x2; ++x)
+            if (row[x] == kWhite.rgb()) row[x] = behind(x, y).rgb();
+    }
 }
 
 void makeTransparent(Canvas& picture, const Behind& behind) {
