@@ -32,6 +32,7 @@ void ScreenFlow::quit() { services_.quit(); }
 void ScreenFlow::showTitle() {
     title_ = new screens::TitleScreen(services_.data, services_.sound, danceFrame_);
     title_->onStart = [this] {
+        danceFrame_ = title_->danceFrame();
         showSetup();
         dismiss(title_);
     };

@@ -23,7 +23,7 @@ constexpr QSize kEmptyPlace{31, 33};
 constexpr int kFeetLine = 110;
 }  // namespace
 
-TitleScreen::TitleScreen(const core::DataFolder& data, media::Sound& sound, int& danceFrame)
+TitleScreen::TitleScreen(const core::DataFolder& data, media::Sound& sound, int danceFrame)
     : ui::Window(323, 180, ui::frontEndFlags()),
       data_(data),
       danceFrame_(danceFrame),

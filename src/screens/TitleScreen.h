@@ -18,8 +18,9 @@ namespace screens {
 
 class TitleScreen : public ui::Window {
 public:
-    // `danceFrame` (0 or 1) goes on from its last value whenever the screen comes back.
-    TitleScreen(const core::DataFolder& data, media::Sound& sound, int& danceFrame);
+    // The dance goes on from `danceFrame` (0 or 1), where the screen left it the last time.
+    TitleScreen(const core::DataFolder& data, media::Sound& sound, int danceFrame);
+    int danceFrame() const { return danceFrame_; }
 
     // 0 to 5 the six characters in their first pose, 6 to 11 the same in their second.
     ui::CanvasWidget* dancer(int i) const { return dancers_[static_cast<std::size_t>(i)]; }
@@ -34,7 +35,7 @@ private:
     void dance();
 
     core::DataFolder data_;
-    int& danceFrame_;
+    int danceFrame_;
     core::Colour background_;
     std::array<ui::CanvasWidget*, 12> dancers_{};
     ui::Timer dancing_;

@@ -70,7 +70,11 @@ void VirtualClock::handleWindowEvents() {
     // them every few virtual milliseconds keeps long runs fast.
     if (ticksSince(lastEvents_, now_) < kWindowEventsEveryMs) return;
     lastEvents_ = now_;
-    if (QCoreApplication::instance()) QCoreApplication::processEvents();
+    if (!QCoreApplication::instance()) return;
+    QCoreApplication::processEvents();
+    // A real event loop deletes what was left for deletion once the handler that left it has
+    // returned; without one, processEvents() alone never does.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void VirtualClock::advance(std::int32_t ms) {

@@ -1,0 +1,177 @@
+// Collision by colour, what impacts do to the city and to characters, the points popup and the
+// turn marker: on small canvases, pixel by pixel.
+#include <gtest/gtest.h>
+
+#include "core/Transparency.h"
+#include "game/Collision.h"
+#include "game/Damage.h"
+#include "game/Indicator.h"
+#include "game/PointsPopup.h"
+
+using namespace game;
+
+namespace {
+
+constexpr core::Colour kSky{10, 20, 200}, kWall{120, 120, 120}, kBody{200, 30, 60};
+
+// A sky with one building from x = 200 to 259 and from row 300 down; the city is that building.
+struct Field {
+    core::Canvas sky{kFieldWidth, kFieldHeight, kSky};
+    core::Canvas scene = sky;
+    Field() { scene.fillRect(200, 300, 259, kFieldHeight - 1, kWall); }
+};
+
+// A 40 x 60 character, white around a body from x 10 to 29 and y 10 down, made see-through at
+// `place` against `scene`.
+Figure Character(const core::Canvas& scene, QPoint place) {
+    core::Canvas picture(40, 60);
+    picture.fillRect(10, 10, 29, 59, kBody);
+    Figure f;
+    f.put(picture);
+    f.pos = place;
+    core::makeTransparent(f.canvas(),
+                          [&](int x, int y) { return scene.point(place.x() + x, place.y() + y); });
+    return f;
+}
+
+struct TouchRow {
+    const char* what;
+    QPoint projectile;
+    std::optional<int> touched;
+};
+class TouchRows : public testing::TestWithParam<TouchRow> {};
+
+// Player 0 throws; player 1 stands in the sky at (100, 100), player 2 in front of the building at
+// (200, 280), player 3 is out of play.
+TEST_P(TouchRows, ACharacterIsTouchedWhereHisPictureDiffersFromTheSky) {
+    const Field field;
+    std::vector<Figure> figures{
+        Character(field.scene, {500, 100}), Character(field.scene, {100, 100}),
+        Character(field.scene, {200, 280}), Character(field.scene, {300, 100})};
+    figures[3].park();
+    std::vector<const Figure*> all;
+    for (const Figure& f : figures) all.push_back(&f);
+    EXPECT_EQ(touchedCharacter(QRect(GetParam().projectile, QSize(10, 10)), all, 0, field.sky),
+              GetParam().touched)
+        << GetParam().what;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Impact, TouchRows,
+    testing::Values(TouchRow{"over the body", {115, 120}, 1},
+                    TouchRow{"the lower sample on the body", {115, 101}, 1},
+                    TouchRow{"over white that shows the sky", {101, 120}, std::nullopt},
+                    TouchRow{"over white that shows the building", {201, 300}, 2},
+                    TouchRow{"the thrower himself", {515, 120}, std::nullopt},
+                    TouchRow{"a character out of play", {315, 477}, std::nullopt}));
+
+TEST(Impact, BuildingsAreLookedForFromTheTopEdge168DownOnTwoSamples) {
+    Field field;
+    field.scene.fillRect(400, 170, 460, 400, kWall);
+    EXPECT_EQ(touchedBuilding({410, 167, 10, 10}, field.sky, field.scene), std::nullopt);
+    EXPECT_EQ(touchedBuilding({410, 168, 10, 10}, field.sky, field.scene), 410);
+    EXPECT_EQ(touchedBuilding({392, 200, 10, 10}, field.sky, field.scene), 402)
+        << "the sample 10 pixels right of the left edge";
+    EXPECT_EQ(touchedBuilding({389, 200, 10, 10}, field.sky, field.scene), std::nullopt)
+        << "both samples in the sky";
+}
+
+TEST(Impact, ACraterGrowsInDarkRedAndLeavesAHoleOfRadiusEightShowingTheSky) {
+    Field field;
+    const QPoint centre(230, 350);
+    drawCraterRing(field.scene, centre, 3);
+    EXPECT_EQ(field.scene.point(233, 350), core::Colour(130, 20, 20));
+    EXPECT_EQ(field.scene.point(230, 350), core::Colour(130, 20, 20)) << "filled";
+    cutCraterHole(field.scene, field.sky, centre);
+    for (int d = -7; d <= 7; ++d) {
+        EXPECT_EQ(field.scene.point(230 + d, 350), kSky) << d;
+        EXPECT_EQ(field.scene.point(230, 350 + d), kSky) << d;
+    }
+    EXPECT_EQ(field.scene.point(230, 360), kWall);
+    EXPECT_EQ(field.scene.point(225, 345), kSky) << "inside the disc";
+    EXPECT_EQ(field.scene.point(223, 343), kWall) << "outside it";
+}
+
+TEST(Impact, ANukeFindsItsBuildingOnTheScanRowAndTurnsItToSky) {
+    Field field;
+    field.scene.fillRect(300, 250, 347, kFieldHeight - 1, kWall);
+    field.scene.fillRect(690, 200, kFieldWidth - 1, kFieldHeight - 1, kWall);
+    const Span b = buildingAt(field.sky, field.scene, 320);
+    EXPECT_EQ(b.left, 300);
+    EXPECT_EQ(b.right, 348);
+    EXPECT_EQ(rowAboveRoof(field.sky, field.scene, b), 249);
+    const Span edge = buildingAt(field.sky, field.scene, 700);
+    EXPECT_EQ(edge.right, kFieldWidth) << "a building at the border ends there";
+    core::Random random(3);
+    for (int y = kGroundLine; y >= 249; --y) dissolveRow(field.scene, field.sky, b, y, random);
+    clearBuilding(field.scene, field.sky, b, 249);
+    for (int x = 300; x < 348; x += 5) EXPECT_EQ(field.scene.point(x, 400), kSky) << x;
+    EXPECT_EQ(field.scene.point(259, 400), kWall) << "the neighbour stands";
+}
+
+TEST(Impact, ABlastGrowsOverTheCharacterAndANukedCharacterTakesTheSkyBehindHim) {
+    const Field field;
+    Figure f = Character(field.scene, {100, 100});
+    drawBlastRing(f, 5);
+    EXPECT_EQ(f.canvas().point(25, 30), core::Colour(134, 20, 2)) << "outline";
+    EXPECT_EQ(f.canvas().point(20, 30), core::Colour(125, 20, 2)) << "inside";
+    core::Random random(1);
+    for (int i = 0; i < kVaporizePicks; ++i) vaporizePick(f, field.sky, random);
+    int body = 0;
+    for (int y = 0; y < f.height(); ++y)
+        for (int x = 0; x < f.width(); ++x) body += f.canvas().point(x, y) != kSky;
+    EXPECT_LT(body, 40 * 60 / 10) << "most of him is sky";
+}
+
+TEST(Impact, ThePopupRisesAPixelEvery21MsThenFadesIntoTheCityBehindIt) {
+    core::Canvas scene(kFieldWidth, kFieldHeight, core::Colour(130, 20, 20));
+    PointsPopup p;
+    p.start(25000, 100, 44, 300, 0);
+    EXPECT_EQ(p.pos(), QPoint(94, 290)) << "centred over the character, 10 above him";
+    EXPECT_EQ(p.text(), "25000");
+    const struct {
+        int at, top;
+        core::Colour colour;
+    } moments[] = {{20, 290, core::kWhite},
+                   {21, 289, core::kWhite},
+                   {588, 262, core::kWhite},
+                   {608, 262, core::kWhite},
+                   {609, 262, core::Colour(251, 248, 248)},
+                   {813, 262, core::Colour(130, 20, 20)}};
+    for (const auto& m : moments) {
+        p.advanceTo(m.at, scene);
+        EXPECT_TRUE(p.visible()) << m.at;
+        EXPECT_EQ(p.pos().y(), m.top) << m.at;
+        EXPECT_EQ(p.colour(), m.colour) << m.at;
+    }
+    p.advanceTo(PointsPopup::kDurationMs, scene);
+    EXPECT_FALSE(p.visible());
+    EXPECT_EQ(PointsPopup::kDurationMs, 819);
+}
+
+TEST(Impact, TheMarkerBobsTwiceRestsAndIsGoneAtTheFifteenthTick) {
+    const core::Canvas sky(kFieldWidth, kFieldHeight, kSky);
+    core::Canvas marker(20, 24);
+    marker.fillRect(5, 5, 14, 18, kBody);
+    Indicator i;
+    i.start(marker, {100, 300, 44, 70}, QStringLiteral("Ann"), 0);
+    EXPECT_EQ(i.picturePos(), QPoint(112, 225));
+    EXPECT_EQ(i.labelPos(), QPoint(48, 205)) << "147 wide, centred, ties to even";
+    EXPECT_FALSE(i.visible()) << "until the first tick";
+    const int tops[] = {233, 229, 225, 233, 229, 225, 225, 225, 225, 225, 225, 225, 225, 225};
+    for (int tick = 1; tick <= 14; ++tick) {
+        i.tick(sky, tick * Indicator::kTickMs);
+        EXPECT_TRUE(i.visible());
+        EXPECT_EQ(i.picturePos().y(), tops[tick - 1]) << "tick " << tick;
+    }
+    EXPECT_EQ(i.picture().point(0, 0), kSky) << "its white takes the sky";
+    // Marked again while it runs: it moves, and the count goes on, so it ends sooner.
+    i.start(marker, {400, 200, 44, 70}, QStringLiteral("Bo"), 0);
+    EXPECT_EQ(i.picturePos(), QPoint(412, 125));
+    i.tick(sky, 2000);
+    EXPECT_FALSE(i.visible());
+    EXPECT_FALSE(i.running());
+    EXPECT_EQ(i.count, 0);
+}
+
+}  // namespace
