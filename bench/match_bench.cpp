@@ -23,7 +23,8 @@ game::MatchSetup matchSetup() {
         s.players[static_cast<std::size_t>(i)] = {
             QStringLiteral("Player %1").arg(i + 1),
             stem.mid(11),
-            {picture(stem + ".bmp"), {picture(stem + "1.bmp"), picture(stem + "2.bmp")}}};
+            {picture(stem + ".bmp"), {picture(stem + "1.bmp"), picture(stem + "2.bmp")}},
+            {}};
     }
     s.marker = picture(QStringLiteral("pIndication.bmp"));
     return s;

@@ -10,7 +10,7 @@ namespace {
 constexpr int kMaxScale = 4;
 
 void usage(std::ostream& s) {
-    s << "Usage: grumbo2 [--scale N] [--seed N]\n"
+    s << "Usage: grumbo2 [--scale N] [--seed N] [--computer LIST]\n"
          "       grumbo2 --help | --version\n"
          "\n"
          "Grumbo 2 - Kravenmoor: a turn-based banana artillery game for two or four players.\n"
@@ -19,6 +19,11 @@ void usage(std::ostream& s) {
          "              screen height divided by 1080, rounded down\n"
          "  --seed N    start the random numbers from N, so that the cities, the wind and the\n"
          "              tunes repeat from one run to the next\n"
+         "  --computer LIST\n"
+         "              let the computer play the players in LIST, numbers from 1 to 4\n"
+         "              separated by commas: \"--computer 2\" to play alone against it,\n"
+         "              \"--computer 1,2\" to watch it play itself; the player selection\n"
+         "              can still change every seat\n"
          "  --help      show this text\n"
          "  --version   show the version\n";
 }
@@ -40,6 +45,23 @@ std::optional<std::string_view> valueOf(std::string_view arg, std::string_view n
     if (arg.size() > name.size() && arg.substr(0, name.size()) == name && arg[name.size()] == '=')
         return arg.substr(name.size() + 1);
     return std::nullopt;
+}
+
+// "2" or "1,3,4": player numbers from 1 to 4, each at most once.
+bool readPlayers(std::string_view text, std::array<bool, 4>& players) {
+    std::array<bool, 4> read{};
+    for (;;) {
+        const std::size_t comma = text.find(',');
+        int player = 0;
+        if (!readNumber(text.substr(0, comma), player) || player < 1 || player > 4 ||
+            read[static_cast<std::size_t>(player - 1)])
+            return false;
+        read[static_cast<std::size_t>(player - 1)] = true;
+        if (comma == std::string_view::npos) break;
+        text.remove_prefix(comma + 1);
+    }
+    players = read;
+    return true;
 }
 
 int refuse(std::ostream& err, std::string_view what) {
@@ -74,6 +96,13 @@ std::optional<int> parseCommandLine(int argc, char** argv, Options& options, std
             if (!readNumber(*value, seed))
                 return refuse(err, "--seed takes a whole number of 0 or more");
             options.seed = seed;
+            continue;
+        }
+        if (const auto value = valueOf(arg, "--computer", i, argc, argv)) {
+            if (!readPlayers(*value, options.computers))
+                return refuse(err,
+                              "--computer takes player numbers from 1 to 4, each once, "
+                              "separated by commas (for example 2, or 1,2)");
             continue;
         }
         return refuse(err, "unknown option " + std::string(arg));

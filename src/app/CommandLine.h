@@ -1,5 +1,6 @@
 #pragma once
-// The program's command line: --help, --version, --scale N, --seed N.
+// The program's command line: --help, --version, --scale N, --seed N, --computer LIST.
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <ostream>
@@ -11,6 +12,8 @@ struct Options {
     std::optional<int> scale;
     // Pins the random numbers, so that cities, wind and tunes repeat from one run to the next.
     std::optional<std::uint64_t> seed;
+    // The players (0 to 3) whose seat the computer takes at first.
+    std::array<bool, 4> computers{};
 };
 
 // Reads the options into `options`. Returns the exit status when the program should stop at

@@ -16,8 +16,8 @@ void dismiss(QPointer<Screen>& screen) {
 }
 }  // namespace
 
-ScreenFlow::ScreenFlow(Services services)
-    : services_(std::move(services)), pictures_(services_.data) {}
+ScreenFlow::ScreenFlow(Services services, const std::array<screens::Seat, 4>& seats)
+    : services_(std::move(services)), pictures_(services_.data), seats_(seats) {}
 
 ScreenFlow::~ScreenFlow() {
     for (QWidget* w :
@@ -68,9 +68,11 @@ void ScreenFlow::showSetup() {
 void ScreenFlow::showPlayers() {
     if (!players_) {
         players_ = new screens::PlayerScreen(services_.data, services_.sound);
-        players_->onChosen = [this](int player, const QString& name, const QString& character) {
-            names_[static_cast<std::size_t>(player)] = name;
-            characters_[static_cast<std::size_t>(player)] = character;
+        players_->onChosen = [this](const screens::PlayerScreen::Choice& c) {
+            const auto k = static_cast<std::size_t>(c.player);
+            names_[k] = c.name;
+            characters_[k] = c.character;
+            seats_[k] = c.seat;
         };
         players_->onDone = [this] {
             dismiss(players_);
@@ -82,7 +84,7 @@ void ScreenFlow::showPlayers() {
         };
         players_->onClose = [this] { closePlayers(); };
     }
-    players_->begin(settings_.players());
+    players_->begin(settings_.players(), seats_);
     players_->showCentred();
 }
 
@@ -101,7 +103,8 @@ void ScreenFlow::startMatch() {
     setup.settings = settings_;
     for (int i = 0; i < settings_.players(); ++i) {
         const auto k = static_cast<std::size_t>(i);
-        setup.players[k] = {names_[k], characters_[k], pictures_.character(characters_[k])};
+        setup.players[k] = {names_[k], characters_[k], pictures_.character(characters_[k]),
+                            seats_[k]};
     }
     setup.marker = pictures_.marker();
     setup.seed = services_.seed();

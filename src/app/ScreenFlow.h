@@ -1,7 +1,8 @@
 #pragma once
 // The screens and the way from one to the next: title, setup, player selection, the match with
 // its pause and game-over box, credits, and back to the title. The flow holds what outlives a
-// screen: the options, the players' names and characters, what a match leaves to the next one.
+// screen: the options, the players' names, characters and seats, what a match leaves to the next
+// one.
 #include <QPointer>
 #include <array>
 #include <functional>
@@ -31,7 +32,8 @@ struct Services {
 
 class ScreenFlow {
 public:
-    explicit ScreenFlow(Services services);
+    // `seats` says which players' seats the computer takes at first.
+    explicit ScreenFlow(Services services, const std::array<screens::Seat, 4>& seats = {});
     ~ScreenFlow();
     ScreenFlow(const ScreenFlow&) = delete;
     ScreenFlow& operator=(const ScreenFlow&) = delete;
@@ -64,6 +66,7 @@ private:
     screens::Pictures pictures_;
     game::MatchSettings settings_;
     std::array<QString, 4> names_, characters_;
+    std::array<screens::Seat, 4> seats_;
     game::Carry carry_;
     int danceFrame_ = 0;
 

@@ -42,7 +42,11 @@ int main(int argc, char** argv) {
     int status = 0;
     {
         media::SdlSound sound;
-        app::ScreenFlow flow({sound, keyboard, data, seed, [] { QCoreApplication::quit(); }});
+        std::array<screens::Seat, 4> seats;
+        for (std::size_t i = 0; i < seats.size(); ++i)
+            if (options.computers[i]) seats[i] = game::Skill::Normal;
+        app::ScreenFlow flow({sound, keyboard, data, seed, [] { QCoreApplication::quit(); }},
+                             seats);
         flow.start();
         status = QApplication::exec();
         ui::destroyAllWindows();

@@ -21,6 +21,25 @@ void makeTransparent(Canvas& picture, float startX, float startY, float endX, fl
     }
 }
 
+void makeTransparent(Canvas& picture, const Canvas& behind, QPoint at) {
+    // The same as asking behind.point() for every white pixel, a row at a time.
+    const QRgb none = Colour().rgb();
+    const int width = picture.width(), height = picture.height();
+    const int behindWidth = behind.width(), behindHeight = behind.height();
+    for (int y = 0; y < height; ++y) {
+        QRgb* row = picture.row(y);
+        const int by = at.y() + y;
+        const QRgb* under = by >= 0 && by < behindHeight
+                                ? reinterpret_cast<const QRgb*>(behind.image().constScanLine(by))
+                                : nullptr;
+        for (int x = 0; x < width; ++x) {
+            if (row[x] != kWhite.rgb()) continue;
+            const int bx = at.x() + x;
+            row[x] = under && bx >= 0 && bx < behindWidth ? under[bx] | 0xff000000 : none;
+        }
+    }
+}
+
 void makeTransparent(Canvas& picture, const Behind& behind) {
     makeTransparent(picture, 0, 0, static_cast<float>(picture.width()),
                     static_cast<float>(picture.height()), behind);

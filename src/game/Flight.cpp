@@ -20,9 +20,19 @@ int throwAngle(double typed, bool rightSide) {
 }
 
 QPoint flightPosition(const Flight& f, double gravity) {
-    const double theta = f.angle * kPi / 180;
-    const double velX = std::floor(f.velocity * std::cos(theta)) + f.drift + f.pullX;
-    const double velY = std::floor(f.velocity * std::sin(theta)) + f.pullY;
+    // A throw's speed is split into its parts once, not on every tick of its flight.
+    struct Parts {
+        int angle = 0, velocity = 0;
+        double x = 0, y = 0;
+    };
+    thread_local Parts last;
+    if (last.angle != f.angle || last.velocity != f.velocity) {
+        const double theta = f.angle * kPi / 180;
+        last = {f.angle, f.velocity, std::floor(f.velocity * std::cos(theta)),
+                std::floor(f.velocity * std::sin(theta))};
+    }
+    const double velX = last.x + f.drift + f.pullX;
+    const double velY = last.y + f.pullY;
     const double tau = static_cast<double>(f.ticks) / kTicksPerTimeUnit;
     const double height = tau * tau * (gravity * -0.5) + tau * velY;
     return {f.hand.x() + static_cast<int>(std::floor(tau * velX)),

@@ -27,9 +27,7 @@ void Indicator::start(const core::Canvas& marker, const QRect& character, const 
 void Indicator::tick(const core::Canvas& sky, int now) {
     // Blended at the place before this tick's move: after a move the picture shows the sky of
     // its previous place, which is what it has always done.
-    core::makeTransparent(picture_, [&](int x, int y) {
-        return sky.point(picturePos_.x() + x, picturePos_.y() + y);
-    });
+    core::makeTransparent(picture_, sky, picturePos_);
     ++count;
     visible_ = true;
     nextTick_ = now + kTickMs;

@@ -99,6 +99,10 @@ std::optional<std::pair<int, Match::Due>> Match::nextDue() const {
         consider(nextCheck_, Due::Check);
     }
     if (underWay_) consider(underWay_->nextAt, Due::Step);
+    // The pilot acts after whatever else falls due at the same moment: a pause polled then comes
+    // first. A pilot that is late acts now; time does not run back for it.
+    if (pilot_)
+        if (const auto at = pilot_->nextActionAt(*this)) consider(std::max(*at, now_), Due::Pilot);
     return best;
 }
 
@@ -124,6 +128,7 @@ void Match::run(Due what) {
                 runSteps();
             }
             break;
+        case Due::Pilot: pilot_->act(*this); break;
     }
 }
 
@@ -140,6 +145,14 @@ void Match::musicTick() {
 void Match::play(const QString& file) { events_.push_back({MatchEvent::Kind::Sound, file, 0}); }
 
 std::vector<MatchEvent> Match::takeEvents() { return std::exchange(events_, {}); }
+
+Match Match::sandbox() const {
+    Match copy = *this;
+    copy.keys_ = nullptr;
+    copy.pilot_ = nullptr;
+    copy.events_.clear();
+    return copy;
+}
 
 // ---- Steps ---------------------------------------------------------------------------------
 

@@ -21,6 +21,7 @@
 #include "game/Flight.h"
 #include "game/Indicator.h"
 #include "game/Keys.h"
+#include "game/Pilot.h"
 #include "game/PointsPopup.h"
 #include "game/ProjectileArt.h"
 #include "game/Settings.h"
@@ -40,6 +41,8 @@ struct PlayerSetup {
     QString name;
     QString character;
     CharacterArt art;
+    // A seat the computer plays, and how well; none for a person.
+    std::optional<Skill> computer;
 };
 
 // What a match leaves to the next match of the same run: nothing resets these.
@@ -116,6 +119,16 @@ struct Projectile {
     QRect rect() const { return {pos, QSize(picture().width(), picture().height())}; }
 };
 
+// How a throw's flight ended.
+struct Impact {
+    enum class What { Missed, Building, Character };
+    What what = What::Missed;
+    // Where it ended: the point of the building it touched, else the projectile's top-left corner.
+    QPoint at;
+    // The character hit, or -1.
+    int player = -1;
+};
+
 struct BoardRow {
     QString frags, points, accuracy, name;
 };
@@ -141,6 +154,10 @@ public:
     std::vector<MatchEvent> takeEvents();
     // Where the keyboard trap asks about keys; none for a match nobody types into.
     void setKeys(Keys* keys) { keys_ = keys; }
+    // Who plays the computer's seats; none for a match of people only.
+    void setPilot(Pilot* pilot) { pilot_ = pilot; }
+    // A copy to try things on: no keys, no pilot, no events of its own so far.
+    Match sandbox() const;
 
     // ---- What the players do ----------------------------------------------------------------
     void setAngleText(const QString& text);
@@ -182,6 +199,11 @@ public:
     const QString& name(int player) const { return names_[static_cast<std::size_t>(player)]; }
     const PlayerStats& stats(int player) const { return stats_[static_cast<std::size_t>(player)]; }
     int currentPlayer() const { return current_; }
+    std::optional<Skill> computer(int player) const { return setupOf(player).computer; }
+    // Match time at which the current aiming began: a turn began or a round stood.
+    int aimingSince() const { return aimingSince_; }
+    // How the last throw's flight ended.
+    const Impact& lastImpact() const { return impact_; }
     int round() const { return round_; }
     int leftScore() const { return leftScore_; }
     int rightScore() const { return rightScore_; }
@@ -231,7 +253,7 @@ private:
         int count = 0;      // rings, rows, picks, frames or ticks done so far
         int nextAt = 0;     // match time of its next event
     };
-    enum class Due { Poll, Music, Indicator, FlightTick, Check, Step };
+    enum class Due { Poll, Music, Indicator, FlightTick, Check, Step, Pilot };
     // A war projectile's building contact this low also earns points for a near miss.
     static constexpr int kLowWarHit = 450;
 
@@ -272,7 +294,6 @@ private:
     void flightTick();
     void collisionCheck();
     void touchBuilding(int x);
-    void stopFlight();
     bool rightSide(int player) const;
     void trapPoll();
     bool flyWithArrows();
@@ -304,6 +325,7 @@ private:
     MatchSettings settings_;
     core::Random random_;
     Keys* keys_ = nullptr;
+    Pilot* pilot_ = nullptr;
     std::vector<MatchEvent> events_;
 
     // Match time stands still while paused; the music keeps its own count of real time.
@@ -331,6 +353,7 @@ private:
     int projectileFrame_ = 0;
     Flight flight_;
     bool flying_ = false;
+    Impact impact_;
     int flightTickMs_;
     Wind wind_;
     core::Canvas windBox_;
@@ -346,6 +369,7 @@ private:
     CodeBuffer codes_;
     Modes modes_;
     int current_ = 0;
+    int aimingSince_ = 0;
     ProjectileKind kind_ = ProjectileKind::Normal;
     std::vector<int> fragged_;
     bool roundOver_ = false;

@@ -25,6 +25,7 @@ void Match::throwProjectile() {
     play(throwSound(setupOf(current_).character));
     nukedPlayer_ = false;
     inputOpen_ = false;
+    impact_ = {};
     flight_.pullX = flight_.pullY = 0;
     const bool right = rightSide(current_);
     flight_.angle = throwAngle(core::leadingNumber(angleText_), right);
@@ -39,6 +40,7 @@ void Match::throwProjectile() {
 
 void Match::flightTick() {
     if (flight_.ticks == kLongestFlight) {
+        impact_ = {Impact::What::Missed, projectile_.pos};
         ++statsOf(current_).misses;
         endTurn();
         return;
@@ -50,6 +52,7 @@ void Match::flightTick() {
     flight_.drift += wind_.drift();
     projectile_.pos = flightPosition(flight_, settings_.gravity);
     if (offField(projectile_.pos.x(), projectile_.pos.y())) {
+        impact_ = {Impact::What::Missed, projectile_.pos};
         ++statsOf(current_).misses;
         endTurn();
         return;
@@ -65,6 +68,7 @@ void Match::collisionCheck() {
     std::vector<const Figure*> characters;
     for (int i = 0; i < players(); ++i) characters.push_back(&figure(i));
     if (const auto hit = touchedCharacter(projectile_.rect(), characters, current_, sky_)) {
+        impact_ = {Impact::What::Character, projectile_.pos, *hit};
         flying_ = false;
         hitCharacter(*hit);
     } else if (const auto x = touchedBuilding(projectile_.rect(), sky_, scene_)) {
@@ -75,6 +79,7 @@ void Match::collisionCheck() {
 
 void Match::touchBuilding(int x) {
     const int thrower = current_;
+    if (kind_ != ProjectileKind::War) impact_ = {Impact::What::Building, {x, projectile_.pos.y()}};
     switch (kind_) {
         case ProjectileKind::Nuke:
             // The nuke dissolves the building and whoever stands on it.

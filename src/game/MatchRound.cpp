@@ -76,6 +76,7 @@ bool Match::roundTick(Step& s) {
     markTurn();
     roundOver_ = false;
     loading_.shown = false;
+    aimingSince_ = now_;
     return true;
 }
 
@@ -105,8 +106,7 @@ void Match::placeAndBlendCharacters(const City& city) {
 void Match::blend(int player) {
     Figure& f = figureOf(player);
     // Characters show the city behind them, buildings and craters included.
-    core::makeTransparent(f.canvas(),
-                          [&](int x, int y) { return scene_.point(f.pos.x() + x, f.pos.y() + y); });
+    core::makeTransparent(f.canvas(), scene_, f.pos);
 }
 
 void Match::redrawWindBox() {

@@ -45,6 +45,7 @@ void Match::endTurn() {
     // A round just decided is rebuilt, and the new round marks the turn itself.
     if (!roundOver_) markTurn();
     inputOpen_ = true;
+    aimingSince_ = now_;
     angleText_.clear();
     velocityText_.clear();
     events_.push_back({MatchEvent::Kind::FocusAngle, {}, 0});

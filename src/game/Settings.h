@@ -4,6 +4,8 @@ namespace game {
 
 enum class GameType { OneVsOne, TwoVsTwo };
 enum class TimeOfDay { Random, Day, Night };
+// How well a computer seat plays.
+enum class Skill { Easy, Normal, Hard };
 
 struct MatchSettings {
     // Pixels per unit of flight time squared.

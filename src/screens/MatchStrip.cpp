@@ -79,7 +79,7 @@ void MatchStrip::createSelectors() {
         face.blit(game::selectorIcon(kind), 1, 1);
         auto* s = new ui::CanvasWidget(this, match_.selectorLeft(kind), kSelectorTop, face);
         ui::onClick(s, [this, kind] {
-            match_.chooseProjectile(kind);
+            if (!computersTurn()) match_.chooseProjectile(kind);
             sync();
         });
         selectors_[static_cast<std::size_t>(k)] = s;
@@ -100,12 +100,15 @@ void MatchStrip::createScore() {
 void MatchStrip::sync() {
     const game::Match& m = match_;
     setEnabled(!m.paused() && !m.gameOverShown());
+    // On the computer's turn the boxes show what it types, and only it throws.
+    const bool computer = computersTurn();
     for (auto [box, text] :
          {std::pair(angle_, m.angleText()), std::pair(velocity_, m.velocityText())}) {
         box->setEnabled(m.inputOpen());
+        box->setReadOnly(computer);
         if (box->text() != text && m.inputOpen()) box->setText(text);
     }
-    throw_->setEnabled(m.canThrow());
+    throw_->setEnabled(m.canThrow() && !computer);
     frame_->move(m.selectionFrameLeft(), frame_->y());
     for (int k = 0; k < game::kKinds; ++k) {
         const auto kind = static_cast<game::ProjectileKind>(k);
@@ -120,5 +123,9 @@ void MatchStrip::sync() {
 }
 
 void MatchStrip::focusAngle() { angle_->setFocus(); }
+
+bool MatchStrip::computersTurn() const {
+    return match_.computer(match_.currentPlayer()).has_value();
+}
 
 }  // namespace screens

@@ -37,6 +37,7 @@ private:
     void createAiming();
     void createSelectors();
     void createScore();
+    bool computersTurn() const;
 
     game::Match& match_;
     QLineEdit* angle_ = nullptr;

@@ -15,6 +15,9 @@ namespace {
 constexpr int kStripHeight = 44;
 // When nothing else is due the window still looks in now and then.
 constexpr int kLongestWaitMs = 1000;
+// The computer's draws come from a generator of their own, so that the cities and winds of a seed
+// are the same whoever plays.
+constexpr std::uint64_t kPilotSeedMix = 0x9e3779b97f4a7c15;
 }  // namespace
 
 // What the field shows, as far as it can change: the field is repainted when this does.
@@ -30,9 +33,11 @@ MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, game::K
                      core::DataFolder data)
     : ui::Window(game::kFieldWidth, game::kFieldHeight + kStripHeight, Qt::Window),
       match_(setup),
+      pilot_(setup.seed ^ kPilotSeedMix),
       sound_(sound),
       data_(std::move(data)) {
     match_.setKeys(&keys);
+    match_.setPilot(&pilot_);
     field_ = new MatchField(this, match_);
     strip_ = new MatchStrip(this, match_);
     timer_.setHandler([this] { step(); });

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+#include "computer/Autopilot.h"
 #include "core/DataFolder.h"
 #include "game/Match.h"
 #include "media/Sound.h"
@@ -43,6 +44,7 @@ private:
     Look look() const;
 
     game::Match match_;
+    computer::Autopilot pilot_;
     media::Sound& sound_;
     core::DataFolder data_;
     MatchField* field_ = nullptr;

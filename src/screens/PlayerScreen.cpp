@@ -1,5 +1,7 @@
 #include "screens/PlayerScreen.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QFontMetrics>
 #include <QLabel>
@@ -21,11 +23,15 @@
 namespace screens {
 
 namespace {
-constexpr int kWidth = 240, kHeight = 229;
+// The screen grew a row at the bottom for the seat; the character is shown in the middle of the
+// part above it.
+constexpr int kWidth = 240, kHeight = 255, kPreviewHeight = 229;
 constexpr int kNameLength = 15;
 constexpr char16_t kEnter = 13;
 
 QString caption(int pass) { return QStringLiteral("Player %1").arg(pass + 1); }
+
+constexpr game::Skill kUsualSkill = game::Skill::Normal;
 }  // namespace
 
 PlayerScreen::PlayerScreen(const core::DataFolder& data, media::Sound& sound)
@@ -63,9 +69,10 @@ PlayerScreen::PlayerScreen(const core::DataFolder& data, media::Sound& sound)
     QObject::connect(backButton, &QPushButton::clicked, this, [this] { back(); });
     QObject::connect(nextButton, &QPushButton::clicked, this, [this] { next(); });
     noCharacters_ = new QLabel(this);
-    noCharacters_->setGeometry(4, kHeight / 2 - 8, kWidth - 8, 16);
+    noCharacters_->setGeometry(4, kPreviewHeight / 2 - 8, kWidth - 8, 16);
     noCharacters_->setAlignment(Qt::AlignCenter);
     noCharacters_->hide();
+    createSeat();
     nameBox->setFocus();
 
     sound_.playEffect(data_.path(characterSound(QStringLiteral("Classic Grumbo"))));
@@ -82,7 +89,32 @@ PlayerScreen::PlayerScreen(const core::DataFolder& data, media::Sound& sound)
     setWindowTitle(caption(0));
 }
 
-void PlayerScreen::begin(int players) { players_ = players; }
+void PlayerScreen::createSeat() {
+    computerBox = new QCheckBox(QStringLiteral("Computer"), this);
+    computerBox->setGeometry(48, 230, 76, 20);
+    skillBox = new QComboBox(this);
+    skillBox->setGeometry(126, 230, 66, 20);
+    // In the order of the skills, so that an item's index is its skill.
+    skillBox->addItems({QStringLiteral("Easy"), QStringLiteral("Normal"), QStringLiteral("Hard")});
+    // Clicking them leaves the keyboard with the name box.
+    computerBox->setFocusPolicy(Qt::TabFocus);
+    skillBox->setFocusPolicy(Qt::TabFocus);
+    QObject::connect(computerBox, &QCheckBox::toggled, skillBox, &QWidget::setEnabled);
+    showSeat();
+}
+
+void PlayerScreen::showSeat() {
+    const Seat& seat = seats_[static_cast<std::size_t>(pass_)];
+    computerBox->setChecked(seat.has_value());
+    skillBox->setCurrentIndex(static_cast<int>(seat.value_or(kUsualSkill)));
+    skillBox->setEnabled(seat.has_value());
+}
+
+void PlayerScreen::begin(int players, const std::array<Seat, 4>& seats) {
+    players_ = players;
+    seats_ = seats;
+    showSeat();
+}
 
 void PlayerScreen::showPreview(const QString& character) {
     QImage image;
@@ -94,7 +126,7 @@ void PlayerScreen::showPreview(const QString& character) {
     core::makeTransparent(picture, [this](int, int) { return background_; });
     preview->setCanvas(picture);
     preview->move(core::roundHalfEven(kWidth / 2.0 - picture.width() / 2.0),
-                  core::roundHalfEven(kHeight / 2.0 - picture.height() / 2.0));
+                  core::roundHalfEven(kPreviewHeight / 2.0 - picture.height() / 2.0));
 }
 
 void PlayerScreen::showNoCharacters() {
@@ -128,17 +160,25 @@ void PlayerScreen::typed(char16_t key) {
 
 void PlayerScreen::next() {
     if (list_.isEmpty()) return;
+    const Seat seat = computerBox->isChecked()
+                          ? Seat(static_cast<game::Skill>(skillBox->currentIndex()))
+                          : std::nullopt;
     if (nameBox->text().isEmpty()) {
-        ui::showMessage(QStringLiteral("Enter a player name"), gameTitle());
-        return;
+        if (!seat) {
+            ui::showMessage(QStringLiteral("Enter a player name"), gameTitle());
+            return;
+        }
+        // The computer needs no name of its own: it goes by its seat.
+        nameBox->setText(QStringLiteral("Computer %1").arg(pass_ + 1));
     }
-    if (onChosen) onChosen(pass_, nameBox->text(), characterBox->text());
+    if (onChosen) onChosen({pass_, nameBox->text(), characterBox->text(), seat});
     if (pass_ == players_ - 1) {
         if (onDone) onDone();
         return;
     }
     setWindowTitle(caption(++pass_));
     nameBox->clear();
+    showSeat();
     nameBox->setFocus();
 }
 
@@ -146,6 +186,7 @@ void PlayerScreen::back() {
     pass_ = 0;
     setWindowTitle(caption(0));
     nameBox->clear();
+    showSeat();
     if (onBack) onBack();
 }
 

@@ -1,15 +1,20 @@
 #pragma once
 // Player selection: each player in turn types a name and picks a character from the characters
 // folder, with a preview and the character's own sound. Two hidden characters join the list
-// when someone types their secret name.
+// when someone types their secret name. Any player's seat may be taken by the computer.
 #include <QStringList>
+#include <array>
 #include <functional>
+#include <optional>
 
 #include "core/Colour.h"
 #include "core/DataFolder.h"
+#include "game/Settings.h"
 #include "media/Sound.h"
 #include "ui/Window.h"
 
+class QCheckBox;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 namespace ui {
@@ -19,18 +24,27 @@ class CanvasWidget;
 
 namespace screens {
 
+// Who plays a seat: a person, or the computer at a skill.
+using Seat = std::optional<game::Skill>;
+
 class PlayerScreen : public ui::Window {
 public:
     PlayerScreen(const core::DataFolder& data, media::Sound& sound);
-    // The passes start again with player 1, for a game of `players` players.
-    void begin(int players);
+    // The passes start again with player 1, for a game of `players` players whose seats are
+    // offered as `seats` says.
+    void begin(int players, const std::array<Seat, 4>& seats);
     void next();
     void back();
     int pass() const { return pass_; }
     const QStringList& characters() const { return list_; }
 
-    // A player chose: his index (0 to 3), his name and his character.
-    std::function<void(int, const QString&, const QString&)> onChosen;
+    struct Choice {
+        int player;  // 0 to 3
+        QString name;
+        QString character;
+        Seat seat;
+    };
+    std::function<void(const Choice&)> onChosen;
     // The last player of the game has chosen.
     std::function<void()> onDone;
     std::function<void()> onBack;
@@ -39,12 +53,16 @@ public:
     ui::ArrowControl* browser = nullptr;
     QLineEdit* characterBox = nullptr;
     ui::CanvasWidget* preview = nullptr;
+    QCheckBox* computerBox = nullptr;
+    QComboBox* skillBox = nullptr;
 
 private:
     void showPreview(const QString& character);
     void showNoCharacters();
     void typed(char16_t key);
     void unlock(const QString& hidden);
+    void createSeat();
+    void showSeat();
 
     core::DataFolder data_;
     media::Sound& sound_;
@@ -52,6 +70,7 @@ private:
     QStringList list_;
     QLabel* noCharacters_ = nullptr;
     int players_ = 2;
+    std::array<Seat, 4> seats_{};
     int pass_ = 0;
 };
 

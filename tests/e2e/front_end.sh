@@ -40,7 +40,7 @@ click "$setup" 286 162  # Next
 wait_window "Player 1"
 player=$WIN
 wait_gone "Setup"
-expect_size "$player" 240x229
+expect_size "$player" 240x255
 press "$player" Return  # an empty name is refused with a message titled as the game
 wait_window "Grumbo 2 - Kravenmoor"
 message=$WIN

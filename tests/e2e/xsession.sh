@@ -15,7 +15,9 @@ e2e_begin() {  # e2e_begin GAME_BINARY
     GAME_PID= XVFB_PID=
     trap e2e_end EXIT
     # Xvfb chooses a free display and writes its number, so parallel runs never meet.
-    Xvfb -displayfd 3 -screen 0 "${E2E_SCREEN:-1024x768}x24" -nolisten tcp 3>"$WORK/display" 2>"$WORK/xvfb.log" &
+    # -noreset: a game started right after another one ended must not meet a server resetting.
+    Xvfb -displayfd 3 -screen 0 "${E2E_SCREEN:-1024x768}x24" -nolisten tcp -noreset \
+        3>"$WORK/display" 2>"$WORK/xvfb.log" &
     XVFB_PID=$!
     for i in $(seq 100); do [ -s "$WORK/display" ] && break; sleep 0.1; done
     [ -s "$WORK/display" ] || fail "Xvfb did not start: $(cat "$WORK/xvfb.log")"

@@ -55,6 +55,8 @@ testing::AssertionResult SamePicture(const QImage& actual, const QString& file) 
     if (expected.isNull()) return testing::AssertionFailure() << "no " << file.toStdString();
     const QImage a = actual.convertToFormat(QImage::Format_RGB32);
     const QImage e = expected.convertToFormat(QImage::Format_RGB32);
+    const QString out = qEnvironmentVariable("GOLDEN_OUT");
+    if (!out.isEmpty() && a != e) a.save(out + QLatin1Char('/') + file);
     if (a.size() != e.size())
         return testing::AssertionFailure() << file.toStdString() << ": another size";
     int differ = 0;
@@ -63,8 +65,6 @@ testing::AssertionResult SamePicture(const QImage& actual, const QString& file) 
         for (int x = 0; x < a.width(); ++x)
             if (a.pixel(x, y) != e.pixel(x, y) && differ++ == 0) first = {x, y};
     if (differ == 0) return testing::AssertionSuccess();
-    const QString out = qEnvironmentVariable("GOLDEN_OUT");
-    if (!out.isEmpty()) a.save(out + QLatin1Char('/') + file);
     return testing::AssertionFailure()
            << file.toStdString() << ": " << differ << " pixels differ, the first at " << first.x()
            << ", " << first.y();

@@ -5,9 +5,10 @@
 
 Each folder of src/ belongs to a layer; a file may include headers of its own layer and of the
 layers below it, never of a layer above. Qt's painting, event and window headers belong to the
-view (ui/ and screens/); the rules (core/ and game/) use no widgets, timers, clocks or application object; nothing
-but ui/ pumps window events. The libraries of the CMake files must link downwards too. Prints
-every breach and exits 1 when there is one.
+view (ui/ and screens/); the rules (core/, game/ and computer/) use no widgets, timers, clocks or
+the application object; nothing but ui/ pumps window events. The libraries of the CMake files must
+link downwards too, and every folder of src/ belongs to a layer. Prints every breach and exits 1
+when there is one.
 """
 import os
 import re
@@ -17,11 +18,12 @@ import sys
 LAYERS = [
     ["core"],
     ["game"],
+    ["computer"],
     ["ui", "media"],
     ["screens"],
     ["app"],
 ]
-LIBRARY = {"core": "grumbo_core", "game": "grumbo_game", "ui": "grumbo_ui",
+LIBRARY = {"core": "grumbo_core", "game": "grumbo_game", "computer": "grumbo_computer", "ui": "grumbo_ui",
            "media": "grumbo_media", "screens": "grumbo_screens", "app": "grumbo_app"}
 VIEW = {"ui", "screens"}
 VIEW_ONLY = {"QPainter", "QPaintEvent", "QEvent", "QKeyEvent", "QMouseEvent", "QCloseEvent",
@@ -30,7 +32,7 @@ VIEW_ONLY = {"QPainter", "QPaintEvent", "QEvent", "QKeyEvent", "QMouseEvent", "Q
 NOT_IN_RULES = {"QWidget", "QTimer", "QBasicTimer", "QCoreApplication", "QGuiApplication",
                 "QApplication", "QEventLoop", "QElapsedTimer", "QDateTime", "QTime", "QThread",
                 "chrono", "thread", "ctime"}
-RULES = {"core", "game"}
+RULES = {"core", "game", "computer"}
 PUMPS = re.compile(r"\bprocessEvents\b|\bDoEvents\b|\bDelay\s*\(")
 
 LEVEL = {folder: level for level, folders in enumerate(LAYERS) for folder in folders}
@@ -95,6 +97,11 @@ def main():
     missing = [f for folders in LAYERS for f in folders if not os.path.isdir(os.path.join(src, f))]
     if missing:
         print("no such layer folder: " + ", ".join(missing))
+        return 1
+    unknown = [f for f in sorted(os.listdir(src))
+               if os.path.isdir(os.path.join(src, f)) and f not in LEVEL]
+    if unknown:
+        print("a folder that belongs to no layer: " + ", ".join(unknown))
         return 1
     breaches = check_includes(src) + check_links(src)
     for b in breaches:

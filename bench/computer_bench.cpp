@@ -1,0 +1,60 @@
+// The computer's decision on seeded cities: its throw planned on copies of the match, then spread
+// by its skill; once with the usual projectile only, once holding every special one.
+#include <benchmark/benchmark.h>
+
+#include "computer/Autopilot.h"
+#include "core/Bitmap.h"
+
+namespace {
+
+core::Canvas picture(const QString& relative) {
+    QImage image;
+    core::readBitmap(QStringLiteral(GRUMBO_DATA_DIR "/") + relative, image);
+    return core::Canvas(image);
+}
+
+// The first turn of a "1 vs 1" match with the usual options in the city of `seed`; with
+// `specials`, the turn after, every special projectile in hand.
+game::Match firstTurn(std::uint64_t seed, bool specials) {
+    game::MatchSetup s;
+    s.seed = seed;
+    s.carry.modes.allProjectiles = specials;
+    for (int i = 0; i < 2; ++i) {
+        const QString stem = QStringLiteral("characters/%1 Grumbo").arg(i ? "Rapper" : "Classic");
+        game::PlayerSetup& p = s.players[static_cast<std::size_t>(i)];
+        p.name = QStringLiteral("Player %1").arg(i + 1);
+        p.character = stem.mid(11);
+        p.art = {picture(stem + ".bmp"), {picture(stem + "1.bmp"), picture(stem + "2.bmp")}};
+    }
+    s.marker = picture(QStringLiteral("pIndication.bmp"));
+    game::Match m(s);
+    while (m.phase() != game::Phase::Aiming) m.advance(100);
+    if (specials) {
+        // Thrown backwards off the field: the turn passes with nothing else changed.
+        m.setAngleText(QStringLiteral("135"));
+        m.setVelocityText(QStringLiteral("300"));
+        m.throwProjectile();
+        while (m.phase() != game::Phase::Aiming) m.advance(100);
+    }
+    return m;
+}
+
+void BM_ChooseThrow(benchmark::State& state) {
+    const auto skill = static_cast<game::Skill>(state.range(0));
+    std::vector<game::Match> cities;
+    for (std::uint64_t seed = 1; seed <= 8; ++seed)
+        cities.push_back(firstTurn(seed, state.range(1)));
+    core::Random random(1);
+    std::size_t i = 0;
+    for (auto _ : state) {
+        const game::Match& m = cities[i++ % cities.size()];
+        benchmark::DoNotOptimize(
+            computer::spread(computer::planThrow(m).aim, computer::styleOf(skill), 0, random));
+    }
+}
+BENCHMARK(BM_ChooseThrow)
+    ->ArgNames({"skill", "specials"})
+    ->ArgsProduct({{0, 1, 2}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace

@@ -1,0 +1,129 @@
+// The computer's seats on the model: the throw it plans frags an enemy and never its own side; it
+// types its throw key by key on its own turn only, stands still while paused, and plays the same
+// throws for the same seed however the match is advanced.
+#include "GameSupport.h"
+#include "computer/Autopilot.h"
+
+using namespace testing_support;
+using computer::Autopilot;
+using game::Phase;
+
+namespace {
+
+bool SameSide(const game::Match& m, int a, int b) {
+    return m.players() == 2 ? a == b : (a <= 1) == (b <= 1);
+}
+
+// The players whose plan, tried on the match, frags an enemy or takes his building.
+int Victim(const game::Match& m, const computer::Plan& plan) {
+    const game::Impact impact = computer::tryThrow(m, plan.aim);
+    if (impact.what == game::Impact::What::Character) return impact.player;
+    return -1;
+}
+
+TEST(Planner, FindsAFragOfTheEnemyAndNeverOfItsOwnSide) {
+    for (const int players : {2, 4})
+        for (std::uint64_t seed = 1; seed <= 4; ++seed) {
+            SCOPED_TRACE(testing::Message() << players << " players, seed " << seed);
+            Play play(ShippedSetup(players, seed));
+            play.started();
+            const game::Match& m = play.match;
+            const computer::Plan plan = computer::planThrow(m);
+            ASSERT_TRUE(plan.frags);
+            EXPECT_GT(plan.room, 0);
+            const int victim = Victim(m, plan);
+            ASSERT_GE(victim, 0);
+            EXPECT_FALSE(SameSide(m, m.currentPlayer(), victim));
+        }
+}
+
+TEST(Planner, TakesTheNukeWhenItHoldsOneThatReachesTheEnemysBuilding) {
+    Play play(CalmSetup(2, 3));
+    play.started();
+    play.type(QStringLiteral("\\zap plinkos"));
+    const computer::Plan first = computer::planThrow(play.match);
+    EXPECT_EQ(first.aim.kind, game::ProjectileKind::Normal) << "nothing is held yet";
+    ASSERT_TRUE(play.throwAt(first.aim.angle, first.aim.velocity));
+    ASSERT_TRUE(play.match.selectorShown(game::ProjectileKind::Nuke));
+    const computer::Plan nuke = computer::planThrow(play.match);
+    EXPECT_EQ(nuke.aim.kind, game::ProjectileKind::Nuke);
+    EXPECT_TRUE(nuke.frags);
+    const game::Impact impact = computer::tryThrow(play.match, nuke.aim);
+    const game::Span building =
+        game::buildingAt(play.match.sky(), play.match.scene(), impact.at.x());
+    const int enemy = 1 - play.match.currentPlayer();
+    EXPECT_GT(play.match.figure(enemy).pos.x(), building.left);
+    EXPECT_LT(play.match.figure(enemy).pos.x(), building.right);
+}
+
+// A match of one person (player 1) and the computer (player 2).
+struct AgainstTheComputer : Play {
+    explicit AgainstTheComputer(std::uint64_t seed, game::Skill skill = game::Skill::Hard)
+        : Play(Setup(seed, skill)), pilot(seed) {
+        match.setPilot(&pilot);
+    }
+    static game::MatchSetup Setup(std::uint64_t seed, game::Skill skill) {
+        game::MatchSetup s = ShippedSetup(2, seed);
+        s.players[1].computer = skill;
+        return s;
+    }
+    Autopilot pilot;
+};
+
+TEST(Autopilot, TypesItsThrowKeyByKeyOnItsOwnTurnAndStandsStillWhilePaused) {
+    AgainstTheComputer play(5);
+    const game::Match& m = play.match;
+    play.started();
+    play.run(10000);
+    EXPECT_EQ(m.phase(), Phase::Aiming) << "the person's turn waits for the person";
+    EXPECT_TRUE(m.angleText().isEmpty());
+    ASSERT_TRUE(play.throwAt(45, 10));
+    ASSERT_EQ(m.currentPlayer(), 1);
+    const int since = m.aimingSince();
+    play.run(since + Autopilot::kThinkMs + Autopilot::kKeyMs - 1 - m.now());
+    EXPECT_TRUE(m.angleText().isEmpty()) << "it thinks, then types";
+    play.run(1);
+    ASSERT_EQ(m.angleText().size(), 1);
+    const auto shown = [&] { return m.angleText() + QLatin1Char('|') + m.velocityText(); };
+    QStringList seen{shown()};
+    int last = m.now(), shortest = 1 << 30;
+    play.tap(game::key::kEscape);
+    ASSERT_TRUE(m.paused());
+    play.run(20000);
+    EXPECT_EQ(shown(), seen.back()) << "paused mid-word";
+    play.match.resume();
+    while (play.runUntil([&] { return m.phase() != Phase::Aiming || shown() != seen.back(); }) &&
+           m.phase() == Phase::Aiming) {
+        shortest = std::min(shortest, m.now() - last);
+        last = m.now();
+        seen << shown();
+    }
+    ASSERT_EQ(m.phase(), Phase::Flying) << "it threw";
+    EXPECT_GE(shortest, Autopilot::kKeyMs);
+    const QString angle = QString::number(180 - m.flight().angle);
+    const QString velocity = QString::number(m.flight().velocity);
+    EXPECT_EQ(seen.back(), angle + QLatin1Char('|') + velocity);
+    EXPECT_EQ(seen.size(), angle.size() + velocity.size()) << "one key at a time";
+}
+
+TEST(Autopilot, PlaysTheSameThrowsForTheSameSeedHoweverTheMatchIsAdvanced) {
+    const auto play = [](int chunkMs) {
+        game::MatchSetup setup = ShippedSetup(4, 9);
+        for (auto& p : setup.players) p.computer = game::Skill::Normal;
+        setup.settings.fragLimit = 1;
+        game::Match m(setup);
+        Autopilot pilot(9);
+        m.setPilot(&pilot);
+        for (int t = 0; t < 3000000 && !m.over(); t += chunkMs) m.advance(chunkMs);
+        EXPECT_TRUE(m.over()) << "the computers play the match to its end";
+        std::vector<int> figures{m.leftScore(), m.rightScore()};
+        for (int i = 0; i < 4; ++i)
+            figures.insert(figures.end(), {m.stats(i).frags, m.stats(i).misses, m.stats(i).points});
+        return figures;
+    };
+    const std::vector<int> once = play(1);
+    EXPECT_EQ(play(16), once);
+    EXPECT_EQ(play(250), once);
+}
+
+}  // namespace

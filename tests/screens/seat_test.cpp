@@ -1,0 +1,113 @@
+// The computer's seats from the command line to the match window: "--computer" ticks the boxes,
+// each player's pass of the selection offers the seat, and on the computer's turn the strip shows
+// what it types while only it can throw.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <sstream>
+
+#include "TestSupport.h"
+#include "app/CommandLine.h"
+#include "screens/MatchStrip.h"
+
+using namespace testing_support;
+
+namespace {
+
+std::optional<int> ParseComputers(std::string list, app::Options& options, std::string& err) {
+    std::string name = "grumbo2", flag = "--computer";
+    std::vector<char*> argv{name.data(), flag.data(), list.data()};
+    std::ostringstream out, errors;
+    const auto status = app::parseCommandLine(3, argv.data(), options, out, errors);
+    err = errors.str();
+    return status;
+}
+
+TEST(ComputerSeats, TheCommandLineNamesPlayersOneToFourEachOnce) {
+    const struct {
+        const char* list;
+        std::array<bool, 4> computers;
+    } good[] = {{"2", {false, true, false, false}},
+                {"1,2", {true, true, false, false}},
+                {"4,1,3", {true, false, true, true}}};
+    for (const auto& g : good) {
+        app::Options options;
+        std::string err;
+        EXPECT_FALSE(ParseComputers(g.list, options, err)) << g.list;
+        EXPECT_EQ(options.computers, g.computers) << g.list;
+    }
+    for (const char* bad : {"", "0", "5", "1,", ",2", "1,,2", "1,1", "two", "2 3", "-1"}) {
+        app::Options options;
+        std::string err;
+        EXPECT_EQ(ParseComputers(bad, options, err), 2) << bad;
+        EXPECT_NE(err.find("--computer takes player numbers from 1 to 4"), std::string::npos)
+            << bad;
+    }
+}
+
+class Seats : public ScreensTest {
+protected:
+    // The program with the computer at the seats `seats`, through setup to player selection.
+    screens::PlayerScreen& ToPlayers(const std::array<screens::Seat, 4>& seats) {
+        flow = std::make_unique<app::ScreenFlow>(
+            app::Services{sound, keys, ShippedData(), [] { return 7u; }, [this] { ++quits; }},
+            seats);
+        flow->start();
+        flow->title()->start();
+        flow->setup()->next();
+        return *flow->players();
+    }
+};
+
+TEST_F(Seats, EachPassOffersItsSeatAndTheComputerNeedsNoName) {
+    screens::PlayerScreen& p = ToPlayers({std::nullopt, game::Skill::Normal});
+    EXPECT_FALSE(p.computerBox->isChecked());
+    EXPECT_FALSE(p.skillBox->isEnabled());
+    EXPECT_EQ(p.skillBox->currentText(), "Normal") << "the usual skill";
+    p.next();
+    EXPECT_EQ(messages, QStringList{"Enter a player name"}) << "a person needs a name";
+    QTest::keyClicks(p.nameBox, QStringLiteral("Ann"));
+    p.next();
+    EXPECT_TRUE(p.computerBox->isChecked()) << "player 2 starts as the command line said";
+    EXPECT_TRUE(p.skillBox->isEnabled());
+    EXPECT_EQ(
+        QStringList({p.skillBox->itemText(0), p.skillBox->itemText(1), p.skillBox->itemText(2)}),
+        QStringList({"Easy", "Normal", "Hard"}));
+    p.skillBox->setCurrentIndex(2);
+    p.next();
+    EXPECT_EQ(messages.size(), 1) << "no message for the computer";
+    ASSERT_TRUE(flow->match());
+    const game::Match& m = flow->match()->match();
+    EXPECT_EQ(m.name(1), "Computer 2");
+    EXPECT_FALSE(m.computer(0));
+    EXPECT_EQ(m.computer(1), game::Skill::Hard);
+}
+
+TEST_F(Seats, OnTheComputersTurnTheStripShowsItsTypingAndOnlyItThrows) {
+    screens::PlayerScreen& p = ToPlayers({game::Skill::Hard});
+    p.next();
+    QTest::keyClicks(p.nameBox, QStringLiteral("Bo"));
+    p.computerBox->setChecked(false);
+    p.next();
+    screens::MatchView& v = *flow->match();
+    const game::Match& m = v.match();
+    screens::MatchStrip& strip = *v.strip();
+    clock.runUntil([&] { return !m.angleText().isEmpty(); }, 10000);
+    EXPECT_EQ(m.currentPlayer(), 0);
+    EXPECT_EQ(strip.angleBox()->text(), m.angleText());
+    EXPECT_TRUE(strip.angleBox()->isReadOnly());
+    QTest::keyClicks(strip.velocityBox(), QStringLiteral("12"));
+    EXPECT_TRUE(m.velocityText().isEmpty()) << "the person cannot type for it";
+    clock.runUntil([&] { return !m.velocityText().isEmpty(); }, 10000);
+    EXPECT_FALSE(strip.throwButton()->isEnabled());
+    clock.runUntil([&] { return m.currentPlayer() == 1 && m.inputOpen(); }, 60000);
+    EXPECT_EQ(v.windowTitle(), "Bo - 0 pts") << "the turn comes back with no input";
+    EXPECT_FALSE(strip.angleBox()->isReadOnly());
+    QTest::keyClicks(strip.angleBox(), QStringLiteral("45"));
+    QTest::keyClicks(strip.velocityBox(), QStringLiteral("60"));
+    EXPECT_TRUE(strip.throwButton()->isEnabled());
+}
+
+}  // namespace
