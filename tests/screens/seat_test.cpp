@@ -110,4 +110,34 @@ TEST_F(Seats, OnTheComputersTurnTheStripShowsItsTypingAndOnlyItThrows) {
     EXPECT_TRUE(strip.throwButton()->isEnabled());
 }
 
+TEST_F(Seats, AMatchOfComputersCanBePausedLeftOrClosedAtAnyMoment) {
+    // Closed, or paused and started over, a different moment each time: typing, flying, exploding,
+    // dancing, on the final board.
+    for (int at = 500; at < 40000; at += 4900) {
+        SCOPED_TRACE(testing::Message() << at << " ms into the match");
+        screens::PlayerScreen& p = ToPlayers({game::Skill::Hard, game::Skill::Hard});
+        p.next();
+        p.next();
+        ASSERT_TRUE(flow->match());
+        quits = 0;
+        clock.advance(at);
+        if (at % 2 == 0) {
+            flow->match()->close();
+            clock.advance(50);
+            EXPECT_EQ(quits, 1);
+            EXPECT_FALSE(flow->match());
+        } else if (!flow->match()->match().over()) {
+            Tap(game::key::kEscape);
+            ASSERT_TRUE(flow->box());
+            const QString typed = flow->match()->match().angleText();
+            clock.advance(3000);
+            EXPECT_EQ(flow->match()->match().angleText(), typed) << "nothing typed while paused";
+            flow->box()->choose(screens::MatchBox::Choice::StartOver);
+            clock.advance(50);
+            EXPECT_TRUE(flow->setup());
+        }
+        flow.reset();
+    }
+}
+
 }  // namespace
