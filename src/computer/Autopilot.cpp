@@ -65,14 +65,10 @@ void Autopilot::act(game::Match& m) {
 }
 
 void Autopilot::decide(game::Match& m) {
-    if (m.round() != round_) {
-        round_ = m.round();
-        throws_.fill(0);
-    }
     const int me = m.currentPlayer();
-    int& earlier = throws_[static_cast<std::size_t>(me)];
-    const Throw t = spread(planThrow(m).aim, styleOf(*m.computer(me)), earlier, random_);
-    ++earlier;
+    // The throws it has wasted since the round began.
+    const int wasted = m.stats(me).misses - m.stats(me).missMark;
+    const Throw t = spread(planThrow(m).aim, styleOf(*m.computer(me)), wasted, random_);
     script_.clear();
     int at = m.now();
     const auto type = [&](Action::Kind kind, int value) {

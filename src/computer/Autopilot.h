@@ -3,7 +3,6 @@
 // into the boxes one character at a time, picks its projectile and throws, all in match time, so
 // that a pause stops it mid-word and the same seed gives the same throws.
 #include <QString>
-#include <array>
 #include <cstdint>
 #include <deque>
 
@@ -54,9 +53,6 @@ private:
     core::Random random_;
     Turn turn_;
     std::deque<Action> script_;
-    // The throws each seat made in the round `round_`.
-    int round_ = 0;
-    std::array<int, 4> throws_{};
 };
 
 }  // namespace computer

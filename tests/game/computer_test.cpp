@@ -30,7 +30,14 @@ TEST(Planner, FindsAFragOfTheEnemyAndNeverOfItsOwnSide) {
             const game::Match& m = play.match;
             const computer::Plan plan = computer::planThrow(m);
             ASSERT_TRUE(plan.frags);
-            EXPECT_GT(plan.room, 0);
+            ASSERT_GT(plan.room, 0);
+            // It aims at the middle of the velocities that frag, not at their edge.
+            for (const int next : {-1, 1}) {
+                computer::Throw beside = plan.aim;
+                beside.velocity += next;
+                if (plan.room < 3) continue;
+                EXPECT_EQ(computer::tryThrow(m, beside).what, game::Impact::What::Character);
+            }
             const int victim = Victim(m, plan);
             ASSERT_GE(victim, 0);
             EXPECT_FALSE(SameSide(m, m.currentPlayer(), victim));

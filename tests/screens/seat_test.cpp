@@ -11,6 +11,7 @@
 #include "TestSupport.h"
 #include "app/CommandLine.h"
 #include "screens/MatchStrip.h"
+#include "ui/CanvasWidget.h"
 
 using namespace testing_support;
 
@@ -105,9 +106,16 @@ TEST_F(Seats, OnTheComputersTurnTheStripShowsItsTypingAndOnlyItThrows) {
     clock.runUntil([&] { return m.currentPlayer() == 1 && m.inputOpen(); }, 60000);
     EXPECT_EQ(v.windowTitle(), "Bo - 0 pts") << "the turn comes back with no input";
     EXPECT_FALSE(strip.angleBox()->isReadOnly());
+    for (const char c : std::string("\\ZAP PLINKOS"))
+        Tap(c == '\\' ? game::key::kBackslash : c == ' ' ? game::key::kSpace : c);
     QTest::keyClicks(strip.angleBox(), QStringLiteral("45"));
     QTest::keyClicks(strip.velocityBox(), QStringLiteral("60"));
     EXPECT_TRUE(strip.throwButton()->isEnabled());
+    strip.throwButton()->click();
+    clock.runUntil([&] { return m.currentPlayer() == 0 && m.inputOpen(); }, 60000);
+    ASSERT_TRUE(strip.selector(1)->isVisible()) << "it holds every special projectile";
+    QTest::mouseClick(strip.selector(1), Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_EQ(m.chosenKind(), game::ProjectileKind::Normal) << "the person cannot choose for it";
 }
 
 TEST_F(Seats, AMatchOfComputersCanBePausedLeftOrClosedAtAnyMoment) {
