@@ -103,9 +103,9 @@ Candidate search(const game::Match& m, ProjectileKind kind) {
         if (c.beats(coarse)) coarse = c;
     }
     if (coarse.distance == kFar && !coarse.plan.frags) return coarse;
-    // A closer look around the best find, one velocity at a time.
-    Candidate close = coarse;
-    close.plan.room *= kVelocityStep;
+    // A closer look around the best find, one velocity at a time: the first look's steps are
+    // too coarse to tell where the row of fragging throws has its middle.
+    Candidate close;
     const Throw& a = coarse.plan.aim;
     for (int angle = a.angle - kCloseAngles * kCloseAngleStep;
          angle <= a.angle + kCloseAngles * kCloseAngleStep; angle += kCloseAngleStep) {
