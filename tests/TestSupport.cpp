@@ -1,8 +1,16 @@
 #include "TestSupport.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QRegularExpression>
+#include <QTest>
 
+#include "screens/MatchStrip.h"
+#include "ui/ArrowControl.h"
 #include "ui/MessageBox.h"
 #include "ui/Window.h"
 
@@ -14,6 +22,27 @@ QString Relative(const QString& path) {
     const qsizetype at = path.lastIndexOf(QRegularExpression(
         QStringLiteral("/(sounds|midi|characters|Explosion-2\\.au|Credits\\.txt|pIndication)")));
     return at < 0 ? path : path.mid(at + 1);
+}
+
+OwnData::OwnData() { QDir(dir_.path()).mkdir(QStringLiteral("characters")); }
+
+void OwnData::picture(const QString& file, int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    for (int y = height / 4; y < height; ++y)
+        for (int x = width / 4; x < width - width / 4; ++x) image.setPixel(x, y, kBody);
+    EXPECT_TRUE(image.save(dir_.filePath(QStringLiteral("characters/") + file), "BMP"));
+}
+
+void OwnData::character(const QString& name, int width, int height) {
+    for (const char* suffix : {"", "1", "2"})
+        picture(name + QLatin1String(suffix) + QStringLiteral(".bmp"), width, height);
+}
+
+void OwnData::credits(const QString& text) {
+    QFile file(dir_.filePath(QStringLiteral("Credits.txt")));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text.toUtf8());
 }
 
 void ScreensTest::SetUp() {
@@ -43,6 +72,40 @@ void ScreensTest::Tap(int key) {
     clock.advance(25);
     keys.release(key);
     clock.advance(25);
+}
+
+void ScreensTest::Click(QWidget* window, const QString& caption) {
+    ASSERT_TRUE(window);
+    for (QPushButton* b : window->findChildren<QPushButton*>())
+        if (b->text() == caption) return b->click();
+    ADD_FAILURE() << "no button " << caption.toStdString();
+}
+
+screens::MatchView* ScreensTest::ToMatch() {
+    Click(flow->title(), QStringLiteral("Start"));
+    ui::ArrowControl* frags = flow->setup()->fragLimit;
+    for (int i = 0; i < 2; ++i) QTest::mouseClick(frags, Qt::LeftButton, {}, QPoint(8, 16));
+    Click(flow->setup(), QStringLiteral("Next"));
+    QTest::keyClicks(flow->players()->nameBox, QStringLiteral("Ann\rBo\r"));
+    return flow->match();
+}
+
+bool ScreensTest::RoundStands() {
+    const bool stands = clock.runUntil(
+        [&] { return flow->match() && flow->match()->match().phase() == game::Phase::Aiming; },
+        5000);
+    // The loading box goes with the next round of window events.
+    clock.advance(20);
+    return stands;
+}
+
+bool ScreensTest::Win() {
+    const QPoint hit = HittingThrow(flow->match()->match());
+    screens::MatchStrip& strip = *flow->match()->strip();
+    QTest::keyClicks(strip.angleBox(), QString::number(hit.x()));
+    QTest::keyClicks(strip.velocityBox(), QString::number(hit.y()));
+    strip.throwButton()->click();
+    return clock.runUntil([&] { return flow->box() != nullptr; }, 30000);
 }
 
 QStringList ScreensTest::VisibleWindows() {

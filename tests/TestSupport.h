@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QStringList>
+#include <QTemporaryDir>
 #include <memory>
 
 #include "app/ScreenFlow.h"
@@ -33,6 +34,23 @@ public:
     QStringList effects, tunes;
 };
 
+// A data folder of the test's own, holding only what the test writes into it.
+class OwnData {
+public:
+    OwnData();
+    core::DataFolder folder() const { return core::DataFolder(dir_.path()); }
+    // characters/`file`: a dark figure on white, standing on the picture's bottom row.
+    void picture(const QString& file, int width, int height);
+    // A complete character: the standing picture and both poses, all of one size.
+    void character(const QString& name, int width, int height);
+    void credits(const QString& text);
+    // The colour of the figures.
+    static constexpr QRgb kBody = 0xFF283C50;
+
+private:
+    QTemporaryDir dir_;
+};
+
 class ScreensTest : public ::testing::Test {
 protected:
     void SetUp() override;
@@ -45,6 +63,15 @@ protected:
     void Tap(int key);
     // Titles of the windows a player could see now.
     static QStringList VisibleWindows();
+    // Clicks the button of `window` that carries `caption`.
+    static void Click(QWidget* window, const QString& caption);
+    // From the title through an untouched setup, but for a frag limit of 1, and the passes of
+    // Ann and Bo: the match window.
+    screens::MatchView* ToMatch();
+    // Runs the program until the match's round stands and its loading box has gone.
+    bool RoundStands();
+    // Throws what frags the other player, then waits for the box after the final board.
+    bool Win();
 
     ui::VirtualClock clock;
     RecordingSound sound;

@@ -7,7 +7,6 @@
 #include "TestSupport.h"
 #include "screens/MatchField.h"
 #include "screens/MatchStrip.h"
-#include "ui/ArrowControl.h"
 #include "ui/CanvasWidget.h"
 
 using namespace testing_support;
@@ -99,21 +98,6 @@ TEST_F(MatchWindow, TheProjectileFliesBehindTheCharactersAndShowsWhatIsBehindIts
     }
 }
 
-// A throw that hits the other player, found by trying throws on copies of the match.
-QPoint HittingThrow(const game::Match& m) {
-    for (int velocity = 30; velocity <= 150; velocity += 2)
-        for (int angle = 20; angle <= 85; angle += 5) {
-            game::Match trial = m;
-            trial.setKeys(nullptr);
-            trial.setAngleText(QString::number(angle));
-            trial.setVelocityText(QString::number(velocity));
-            trial.throwProjectile();
-            while (!trial.over() && trial.phase() != game::Phase::Aiming) trial.advance(100);
-            if (trial.stats(0).frags > 0) return {angle, velocity};
-        }
-    return {};
-}
-
 TEST_F(MatchWindow, ClosingItAtAnyMomentOfAMatchEndsTheProgramCleanly) {
     // A match to one frag, closed at a different moment each time: while it starts, and after
     // the deciding throw while it flies, explodes, dances, on the final board, under the box.
@@ -122,15 +106,7 @@ TEST_F(MatchWindow, ClosingItAtAnyMomentOfAMatchEndsTheProgramCleanly) {
         SCOPED_TRACE(testing::Message() << "closed after " << at << " ms");
         app::ScreenFlow& f = StartProgram();
         quits = 0;
-        f.title()->start();
-        ui::ArrowControl* frags = f.setup()->fragLimit;
-        while (frags->value() > 1) QTest::mouseClick(frags, Qt::LeftButton, {}, QPoint(8, 16));
-        f.setup()->next();
-        for (const char* name : {"Ann", "Bo"}) {
-            QTest::keyClicks(f.players()->nameBox, QLatin1String(name));
-            f.players()->next();
-        }
-        ASSERT_TRUE(f.match());
+        ASSERT_TRUE(ToMatch());
         if (at >= 0) {
             clock.runUntil([&] { return f.match()->match().phase() == game::Phase::Aiming; }, 5000);
             if (hit.isNull()) hit = HittingThrow(f.match()->match());

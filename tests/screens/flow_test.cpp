@@ -1,0 +1,159 @@
+// The flow between the screens as the players click through them: the title's buttons, the close
+// boxes before a match, every button of the pause and the game-over box, the credits, and a
+// second match of the same run with player selection left and taken up again.
+#include <QLineEdit>
+#include <QTest>
+
+#include "TestSupport.h"
+#include "screens/MatchStrip.h"
+#include "ui/ArrowControl.h"
+#include "ui/CanvasWidget.h"
+
+using namespace testing_support;
+
+namespace {
+
+using Flow = ScreensTest;
+const QString kTitle = QStringLiteral("Grumbo 2 - Kravenmoor");
+
+TEST_F(Flow, ExitOrTheLastCloseBoxEndsTheProgramAndSoDoesAMatchWithoutCharacters) {
+    Click(StartProgram().title(), "Start");
+    EXPECT_EQ(VisibleWindows(), QStringList{"Setup"});
+    flow->setup()->close();
+    EXPECT_EQ(quits, 1) << "no screen is left";
+    Click(StartProgram().title(), "Exit");
+    StartProgram().title()->close();
+    EXPECT_EQ(quits, 3);
+    app::ScreenFlow& f = StartProgram();
+    Click(f.title(), "Start");
+    Click(f.setup(), "Next");
+    Click(f.players(), "Back");
+    f.setup()->close();
+    EXPECT_EQ(quits, 4) << "nobody has a character yet";
+    EXPECT_FALSE(f.players()) << "player selection closes with the setup";
+    app::ScreenFlow& g = StartProgram();
+    Click(g.title(), "Start");
+    QTest::keyClick(g.setup()->gameType, Qt::Key_Up);
+    Click(g.setup(), "Next");
+    QTest::keyClicks(g.players()->nameBox, "Ann\rBo\r");
+    g.players()->close();
+    EXPECT_EQ(quits, 5) << "players 3 and 4 have not chosen";
+}
+
+TEST_F(Flow, EveryButtonOfThePauseAndTheGameOverBoxLeadsWhereItShould) {
+    const QStringList paused{"Game Paused", "Resume", "Start Over", "Quit"};
+    const QStringList over{"Thanks for Playing", "Play Again", "View Credits", "Quit"};
+    // Whether the match ended, the button, the windows left up, and the key that leaves the
+    // credits (none: their close box).
+    const std::tuple<bool, const char*, QStringList, Qt::Key> rows[] = {
+        {false, "Resume", {"Ann - 0 pts"}, {}},
+        {false, "Start Over", {"Setup"}, {}},
+        {false, "Quit", {}, {}},
+        {true, "Play Again", {kTitle}, {}},
+        {true, "View Credits", {"Grumbo Credits"}, Qt::Key_Space},
+        {true, "View Credits", {"Grumbo Credits"}, {}},
+        {true, "Quit", {}, {}}};
+    for (const auto& [ended, button, windows, leave] : rows) {
+        SCOPED_TRACE(button);
+        app::ScreenFlow& f = StartProgram();
+        quits = 0;
+        ASSERT_TRUE(ToMatch() && RoundStands());
+        if (ended) ASSERT_TRUE(Win());
+        else Tap(game::key::kEscape);
+        ASSERT_TRUE(f.box() && f.box()->isVisible());
+        EXPECT_EQ(f.box()->texts(), ended ? over : paused);
+        EXPECT_FALSE(f.match()->strip()->isEnabled());
+        EXPECT_FALSE(f.box()->close()) << "only its buttons close it";
+        sound.tunes.clear();
+        Click(f.box(), button);
+        clock.advance(20);
+        EXPECT_EQ(VisibleWindows(), windows);
+        EXPECT_EQ(quits, QLatin1String(button) == "Quit" ? 1 : 0);
+        if (f.match()) EXPECT_TRUE(f.match()->strip()->isEnabled() && !f.match()->match().paused());
+        else EXPECT_EQ(sound.tunes.value(0).left(6), "close ") << "the music stops";
+        if (!f.credits()) continue;
+        if (leave == Qt::Key{}) f.credits()->close();
+        else QTest::keyClick(f.credits(), leave);
+        clock.advance(20);
+        EXPECT_EQ(VisibleWindows(), QStringList{kTitle});
+    }
+}
+
+// The rows of a picture where a line of text begins.
+std::vector<int> LineTops(const core::Canvas& c) {
+    std::vector<int> tops;
+    for (int y = 0, before = 0; y < c.height(); ++y) {
+        int lit = 0;
+        for (int x = 0; x < c.width(); ++x) lit |= c.point(x, y) != core::kBlack;
+        if (lit && !before) tops.push_back(y);
+        before = lit;
+    }
+    return tops;
+}
+
+TEST_F(Flow, CreditsScrollAPixelATickUntilTheirBufferHasPassedAndThreeKeysLeave) {
+    OwnData own, none, words;
+    own.credits("10 lines\n" + QStringLiteral("IIIIIIIIII\n").repeated(10));
+    words.credits("Lines: 3\na\nb\nc\n");
+    for (const OwnData* empty : {&none, &words})
+        EXPECT_EQ(screens::CreditsScreen(empty->folder()).buffer().height(), 150);
+    screens::CreditsScreen c(own.folder());
+    const core::Canvas& buffer = c.buffer();
+    const std::vector<int> tops = LineTops(buffer);
+    ASSERT_EQ(tops.size(), 10u);
+    const int pitch = tops[1] - tops[0];
+    EXPECT_EQ(buffer.height(), 10 * (pitch - 3) + 150) << "each line three pixels below the last";
+    clock.advance(25 * (351 + buffer.height()));
+    EXPECT_FALSE(c.completed());
+    clock.advance(25);
+    EXPECT_TRUE(c.completed());
+    int left = 0;
+    c.onLeave = [&] { ++left; };
+    for (Qt::Key key :
+         {Qt::Key_A, Qt::Key_Left, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+        QTest::keyClick(&c, key);
+    EXPECT_EQ(left, 4);
+}
+
+TEST_F(Flow, ASecondMatchAfterPlayAgainStartsAfreshButKeepsWhatNothingResets) {
+    app::ScreenFlow& f = StartProgram();
+    clock.advance(150);
+    ASSERT_TRUE(ToMatch() && RoundStands());
+    for (QChar c : QStringLiteral("\\HOP FREMBLE"))
+        Tap(c == u'\\' ? game::key::kBackslash : c.unicode());
+    Tap(game::key::kEscape);
+    Click(f.box(), "Resume");
+    ASSERT_TRUE(Win());
+    EXPECT_EQ(f.box()->texts().value(0), "Thanks for Playing");
+    Click(f.box(), "Play Again");
+    EXPECT_EQ(sound.effects.count("sounds/g2intro.wav"), 2);
+    clock.advance(150);
+    EXPECT_TRUE(!f.title()->dancer(0)->isVisible() && f.title()->dancer(6)->isVisible())
+        << "the dance goes on from the frame it had reached";
+    Click(f.title(), "Start");
+    QTest::keyClick(f.setup()->gameType, Qt::Key_Up);
+    Click(f.setup(), "Next");
+    screens::PlayerScreen* p = f.players();
+    QTest::keyClicks(p->nameBox, "Cy\rdunik");
+    sound.effects.clear();
+    Click(p, "Back");
+    EXPECT_EQ(VisibleWindows(), QStringList{"Setup"});
+    ASSERT_EQ(f.players(), p) << "hidden, not closed";
+    EXPECT_TRUE(p->windowTitle() == "Player 1" && p->nameBox->text().isEmpty());
+    EXPECT_EQ(f.settings().players(), 2) << "the setup opens with its defaults";
+    Click(f.setup(), "Next");
+    EXPECT_EQ(VisibleWindows(), QStringList{"Player 1"});
+    EXPECT_EQ(p->characters().size(), 7) << "not loaded again";
+    EXPECT_TRUE(sound.effects.isEmpty());
+    Click(p, "Back");
+    f.setup()->close();
+    ASSERT_TRUE(RoundStands()) << "Bo's character from the first match is still chosen";
+    EXPECT_EQ(VisibleWindows(), QStringList{"Cy - 0 pts"});
+    const game::Match& m = f.match()->match();
+    EXPECT_EQ(m.name(1), "Bo");
+    EXPECT_TRUE(m.modes().flying) << "typed modes carry over";
+    EXPECT_EQ(std::tuple(m.stats(0).frags, m.stats(0).points, m.round(), m.settings().fragLimit),
+              std::tuple(0, 0, 1, 3));
+}
+
+}  // namespace

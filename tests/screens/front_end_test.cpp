@@ -1,0 +1,195 @@
+// The way into a match: the title screen's dance, the setup screen's controls and what "Next"
+// stores, and player selection with its folder scan, secret names, sounds and passes.
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QSlider>
+#include <QTest>
+
+#include "TestSupport.h"
+#include "ui/ArrowControl.h"
+#include "ui/CanvasWidget.h"
+#include "ui/ScreenLook.h"
+
+using namespace testing_support;
+
+namespace {
+
+using FrontEnd = ScreensTest;
+
+// "1" for each dancer up: the six first poses, then the six second ones.
+QString Dancing(const screens::TitleScreen& t) {
+    QString up;
+    for (int i = 0; i < 12; ++i) up += QLatin1Char(t.dancer(i)->isVisible() ? '1' : '0');
+    return up;
+}
+
+TEST_F(FrontEnd, DancersStandOnOneLineAndSwitchPosesEvery150ms) {
+    OwnData own;
+    for (const char* name : {"Classic", "Rapper", "Sorcerer", "Space", "Suit"})
+        own.character(QLatin1String(name) + " Grumbo", 31, 40);
+    own.picture("Robo Grumbo1.bmp", 31, 40);
+    own.picture("Classic Grumbo1.bmp", 31, 33);
+    own.picture("Rapper Grumbo1.bmp", 30, 50);
+    const screens::TitleScreen& t = *StartProgram(own.folder()).title();
+    const int tops[12] = {77, 60, 70, 70, 70, 70, 70, 70, 77, 70, 70, 70};
+    for (int i = 0; i < 12; ++i)
+        EXPECT_EQ(t.dancer(i)->pos(), QPoint(24 + 48 * (i % 6), tops[i])) << i;
+    const core::Canvas& gap = t.dancer(8)->canvas();
+    EXPECT_EQ(QSize(gap.width(), gap.height()), QSize(31, 33)) << "Robo Grumbo2 is missing";
+    EXPECT_EQ(gap.point(15, 20), ui::menuColour());
+    const std::pair<int, const char*> ticks[] = {
+        {0, "111111111111"}, {149, "111111111111"}, {1, "111111000000"}, {150, "000000111111"}};
+    for (const auto& [ms, up] : ticks) {
+        clock.advance(ms);
+        EXPECT_EQ(Dancing(t), up) << "after " << ms << " ms more";
+    }
+}
+
+// The display boxes beside the controls, in the order of the screen's labels.
+QString Shown(const screens::SetupScreen& s) {
+    QStringList texts;
+    for (const QLineEdit* box : s.findChildren<QLineEdit*>()) texts << box->text();
+    return texts.join(QLatin1Char('|'));
+}
+
+auto Stored(const game::MatchSettings& s) {
+    return std::tuple(s.gravity, int(s.gameType) + 1, int(s.timeOfDay) + 1, s.fragLimit,
+                      s.windExtremity, s.buildingHeight, s.windGusts, s.music);
+}
+
+TEST_F(FrontEnd, SetupStopsAtTheEndsOfItsControlsAndOpensWithItsDefaultsAgain) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    app::ScreenFlow& f = StartProgram();
+    Click(f.title(), "Start");
+    QTest::keyClick(f.setup()->gravity, Qt::Key_PageUp);
+    QTest::keyClicks(f.setup()->findChildren<QLineEdit*>().value(0), "5");
+    EXPECT_EQ(Shown(*f.setup()), "10.2|1 vs 1|Random|3|20|8") << "the boxes take no typing";
+    const std::tuple<Qt::Key, const char*, decltype(Stored(f.settings()))> ends[] = {
+        {Qt::Key_Up, "20|2 vs 2|Night|50|35|12", {20, 2, 3, 50, 35, 12, true, true}},
+        {Qt::Key_Down, "0.5|1 vs 1|Random|1|0|4", {0.5, 1, 1, 1, 0, 4, true, false}},
+    };
+    for (const auto& [key, shown, stored] : ends) {
+        screens::SetupScreen& s = *f.setup();
+        for (QWidget* control :
+             std::initializer_list<QWidget*>{s.gravity, s.gameType, s.timeOfDay, s.fragLimit,
+                                             s.windExtremity, s.buildingHeight})
+            for (int i = 0; i < 250; ++i) QTest::keyClick(control, key);
+        EXPECT_EQ(Shown(s), shown);
+        EXPECT_EQ(f.settings().players(), key == Qt::Key_Up ? 4 : 2) << "at once, before Next";
+        EXPECT_EQ(s.windGusts->isChecked(), key == Qt::Key_Up) << "no wind, no gusts";
+        if (key == Qt::Key_Down) {
+            s.windGusts->click();
+            s.music->click();
+        }
+        Click(&s, "Next");
+        EXPECT_EQ(Stored(f.settings()), stored);
+        Click(f.players(), "Back");
+    }
+    EXPECT_EQ(Shown(*f.setup()), "9.8|1 vs 1|Random|3|20|8");
+    Click(f.setup(), "Next");
+    EXPECT_EQ(Stored(f.settings()), std::tuple(9.8, 1, 1, 3, 20, 8, true, true));
+    QLocale::setDefault(before);
+}
+
+const QStringList kShipped{"Classic Grumbo",  "Rapper Grumbo", "Robo Grumbo",
+                           "Sorcerer Grumbo", "Space Grumbo",  "Suit Grumbo"};
+
+void Browse(screens::PlayerScreen& p, int by) {
+    for (int i = 0; i < std::abs(by); ++i)
+        QTest::mouseClick(p.browser, Qt::LeftButton, {}, QPoint(by > 0 ? 140 : 5, 10));
+}
+
+TEST_F(FrontEnd, ShippedCharactersSecretNamesAndASoundForEveryNameBetweenTheArrows) {
+    screens::PlayerScreen p(ShippedData(), sound);
+    EXPECT_EQ(p.characters(), kShipped);
+    EXPECT_EQ(sound.effects, QStringList{"sounds/classicG.wav"}) << "once, as it opens";
+    sound.effects.clear();
+    Browse(p, 6);
+    Browse(p, -2);
+    QTest::keyClicks(p.nameBox, "DuNiK");
+    EXPECT_EQ(p.preview->size(), QSize(48, 72)) << "Dunik";
+    EXPECT_EQ(p.nameBox->text(), "DuNiK");
+    p.nameBox->clear();
+    QTest::keyClicks(p.nameBox, "vostrel");
+    Browse(p, -1);
+    EXPECT_EQ(sound.effects.join(' '),
+              "sounds/rapperG.wav sounds/roboG.wav sounds/sorcererG.wav sounds/spaceG.wav "
+              "sounds/suitG.wav sounds/spaceG.wav sounds/sorcererG.wav sounds/dunikG.wav "
+              "sounds/vostrelG.wav sounds/dunikG.wav");
+}
+
+TEST_F(FrontEnd, TheScanListsAtMost41CompleteCharactersOfACharactersSize) {
+    OwnData own;
+    const std::tuple<const char*, int, int> characters[] = {
+        {"beta", 33, 58}, {"Alpha", 40, 60},  {"Corner", 80, 150}, {"Least", 30, 35},
+        {"Wide", 81, 60}, {"Narrow", 29, 60}, {"Tall", 40, 151},   {"Short", 40, 34},
+        {"Pose", 40, 60}, {"Dunik", 40, 60},  {"Vostrel", 40, 60}};
+    for (const auto& [name, width, height] : characters) own.character(name, width, height);
+    own.picture("Pose2.bmp", 40, 151);
+    own.picture("Lonely.bmp", 40, 60);
+    own.picture("Lonely1.bmp", 40, 60);
+    QStringList listed{"Alpha", "beta", "Corner", "Least"};
+    for (int i = 0; i < 40; ++i) own.character(QString::asprintf("Z%02d", i), 30, 35);
+    for (int i = 0; i < 37; ++i) listed << QString::asprintf("Z%02d", i);
+    screens::PlayerScreen p(own.folder(), sound);
+    EXPECT_EQ(p.characters(), listed);
+    QTest::keyClicks(p.nameBox, "vostrel");
+    EXPECT_EQ(p.characters().size(), 41) << "no room for a secret character";
+}
+
+TEST_F(FrontEnd, WithoutAnyCharacterNothingCanBeChosen) {
+    OwnData own;
+    own.picture("Lonely.bmp", 40, 60);
+    screens::PlayerScreen p(own.folder(), sound);
+    QTest::keyClicks(p.nameBox, "dunik\r");
+    EXPECT_TRUE(p.characters().isEmpty() && p.characterBox->text().isEmpty() && messages.isEmpty());
+    EXPECT_EQ(p.windowTitle(), "Player 1");
+    const QList<QLabel*> labels = p.findChildren<QLabel*>();
+    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [&](const QLabel* l) {
+        return l->isVisibleTo(&p) && l->text().startsWith(QLatin1String("No characters in"));
+    }));
+}
+
+// Whether the figure shows `character`'s standing picture wherever that is not white.
+bool Wears(const game::Figure& figure, const QString& character) {
+    const core::Canvas picture = ShippedArt(character).standing;
+    bool same = figure.width() == picture.width() && figure.height() == picture.height();
+    for (int y = 0; same && y < picture.height(); ++y)
+        for (int x = 0; same && x < picture.width(); ++x)
+            same = picture.point(x, y) == core::kWhite ||
+                   figure.canvas().point(x, y) == picture.point(x, y);
+    return same;
+}
+
+TEST_F(FrontEnd, EachPlayerChoosesInTurnAndTheLastPassStartsTheMatch) {
+    const QStringList typed{"ABCDEFGHIJKLMNOP", "Bo", "Cy", "Dee"};
+    for (int players : {2, 4}) {
+        app::ScreenFlow& f = StartProgram();
+        Click(f.title(), "Start");
+        if (players == 4) QTest::keyClick(f.setup()->gameType, Qt::Key_Up);
+        Click(f.setup(), "Next");
+        screens::PlayerScreen& p = *f.players();
+        QTest::keyClick(p.nameBox, Qt::Key_Return);
+        EXPECT_EQ(messages, QStringList{"Enter a player name"});
+        messages.clear();
+        for (int k = 0; k < players; ++k) {
+            EXPECT_EQ(p.windowTitle(), QStringLiteral("Player %1").arg(k + 1));
+            Browse(p, 1);
+            QTest::keyClicks(p.nameBox, typed[k] + QLatin1Char('\r'));
+        }
+        ASSERT_TRUE(f.match() && f.match()->loadingBox() && f.match()->loadingBox()->isVisible());
+        EXPECT_EQ(f.match()->loadingBox()->status(), "Synchronizing Timers...");
+        ASSERT_TRUE(RoundStands());
+        EXPECT_EQ(VisibleWindows(), QStringList{"ABCDEFGHIJKLMNO - 0 pts"}) << "no loading box";
+        const game::Match& m = f.match()->match();
+        for (int k = 0; k < players; ++k) {
+            EXPECT_EQ(m.name(k), typed[k].left(15));
+            EXPECT_TRUE(Wears(m.figure(k), kShipped[k + 1])) << k;
+        }
+    }
+}
+
+}  // namespace
