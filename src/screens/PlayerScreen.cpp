@@ -16,6 +16,7 @@
 #include "ui/CanvasWidget.h"
 #include "ui/Input.h"
 #include "ui/MessageBox.h"
+#include "ui/OwnedBox.h"
 #include "ui/ScreenLook.h"
 
 namespace screens {
@@ -56,14 +57,14 @@ PlayerScreen::PlayerScreen(const core::DataFolder& data, media::Sound& sound)
         const QString s = characterSound(name);
         if (!s.isEmpty()) sound_.playEffect(data_.path(s));
     });
-    auto* backButton = new QPushButton(QStringLiteral("Back"), this);
+    backButton = new QPushButton(QStringLiteral("Back"), this);
     backButton->setGeometry(66, 203, 57, 20);
-    auto* nextButton = new QPushButton(QStringLiteral("Next"), this);
+    nextButton = new QPushButton(QStringLiteral("Next"), this);
     nextButton->setGeometry(123, 203, 57, 20);
     QObject::connect(backButton, &QPushButton::clicked, this, [this] { back(); });
     QObject::connect(nextButton, &QPushButton::clicked, this, [this] { next(); });
     noCharacters_ = new QLabel(this);
-    noCharacters_->setGeometry(4, kHeight / 2 - 8, kWidth - 8, 16);
+    noCharacters_->setGeometry(4, 40, kWidth - 8, 128);
     noCharacters_->setAlignment(Qt::AlignCenter);
     noCharacters_->hide();
     nameBox->setFocus();
@@ -98,16 +99,21 @@ void PlayerScreen::showPreview(const QString& character) {
 }
 
 void PlayerScreen::showNoCharacters() {
-    // Nothing to choose, so no match can start: the screen says why, and only "Back" and the
-    // close box do anything.
+    // Nothing to choose, so no match can start: the screen says why and what a character needs,
+    // and leaves "Back" and the close box as the ways out.
     preview->hide();
     browser->setEnabled(false);
-    const QString text =
-        QStringLiteral("No characters in %1")
-            .arg(QDir::toNativeSeparators(data_.path(QStringLiteral("characters"))));
-    noCharacters_->setText(QFontMetrics(noCharacters_->font())
-                               .elidedText(text, Qt::ElideMiddle, noCharacters_->width()));
-    noCharacters_->setToolTip(text);
+    nameBox->setEnabled(false);
+    nextButton->setEnabled(false);
+    backButton->setFocus();
+    const QString folder = QDir::toNativeSeparators(data_.path(QStringLiteral("characters")));
+    noCharacters_->setText(
+        QStringLiteral("No complete character in\n%1\n\nA character is three pictures:\n"
+                       "Name.bmp, Name1.bmp and Name2.bmp,\neach 30 to 80 pixels wide\n"
+                       "and 35 to 150 pixels high.")
+            .arg(QFontMetrics(noCharacters_->font())
+                     .elidedText(folder, Qt::ElideMiddle, noCharacters_->width())));
+    noCharacters_->setToolTip(folder);
     noCharacters_->show();
 }
 
@@ -130,6 +136,10 @@ void PlayerScreen::next() {
     if (list_.isEmpty()) return;
     if (nameBox->text().isEmpty()) {
         ui::showMessage(QStringLiteral("Enter a player name"), gameTitle());
+        // The name is what is missing: the keyboard goes back to its box, also from a click on
+        // "Next" and from a window system that activated another window when the message closed.
+        ui::giveFocus(this);
+        nameBox->setFocus();
         return;
     }
     if (onChosen) onChosen(pass_, nameBox->text(), characterBox->text());

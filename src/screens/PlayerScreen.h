@@ -12,6 +12,7 @@
 
 class QLabel;
 class QLineEdit;
+class QPushButton;
 namespace ui {
 class ArrowControl;
 class CanvasWidget;
@@ -36,6 +37,8 @@ public:
     std::function<void()> onBack;
 
     QLineEdit* nameBox = nullptr;
+    QPushButton* backButton = nullptr;
+    QPushButton* nextButton = nullptr;
     ui::ArrowControl* browser = nullptr;
     QLineEdit* characterBox = nullptr;
     ui::CanvasWidget* preview = nullptr;
