@@ -80,7 +80,8 @@ TEST(DataFolder, BesideTheProgramFirstThenTheInstalledShareFolders) {
     QTemporaryDir root;
     ASSERT_TRUE(root.isValid());
     for (const char* dir : {"build/game/characters", "local/bin", "local/share/grumbo2/characters",
-                            "usr/games", "usr/share/games/grumbo2/characters", "bare/bin"})
+                            "usr/games", "usr/share/games/grumbo2/characters", "bare/bin",
+                            "both/bin/characters", "both/share/grumbo2/characters"})
         ASSERT_TRUE(QDir(root.path()).mkpath(QLatin1String(dir)));
     const auto found = [&](const char* program) {
         return core::DataFolder::forProgram(root.path() + QLatin1Char('/') + QLatin1String(program))
@@ -90,6 +91,7 @@ TEST(DataFolder, BesideTheProgramFirstThenTheInstalledShareFolders) {
     EXPECT_EQ(found("build/game"), QStringLiteral("build/game"));
     EXPECT_EQ(found("local/bin"), QStringLiteral("local/share/grumbo2")) << "any prefix";
     EXPECT_EQ(found("usr/games"), QStringLiteral("usr/share/games/grumbo2")) << "Debian's games";
+    EXPECT_EQ(found("both/bin"), QStringLiteral("both/bin")) << "beside the program wins";
     EXPECT_EQ(found("bare/bin"), QStringLiteral("bare/bin"))
         << "nothing anywhere: the program's own folder";
 }

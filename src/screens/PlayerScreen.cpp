@@ -105,7 +105,6 @@ void PlayerScreen::showNoCharacters() {
     browser->setEnabled(false);
     nameBox->setEnabled(false);
     nextButton->setEnabled(false);
-    backButton->setFocus();
     const QString folder = QDir::toNativeSeparators(data_.path(QStringLiteral("characters")));
     noCharacters_->setText(
         QStringLiteral("No complete character in\n%1\n\nA character is three pictures:\n"

@@ -35,7 +35,9 @@ click "$player" 151 213  # Next, with the name box empty
 wait_window "Grumbo 2 - Kravenmoor"
 press "$WIN" Return
 wait_gone "Grumbo 2 - Kravenmoor"
-# No click into the window this time: the keys go wherever the keyboard now is.
+# No click into the window this time, and the pointer off it, so that nothing but the game gives
+# the window the keyboard: the keys go wherever the keyboard now is.
+xdotool mousemove 0 0
 xdotool type --delay 40 "Ann"
 xdotool key Return
 wait_window "Player 2" 5
