@@ -10,7 +10,8 @@ cd "$(dirname "$0")"
 
 packages=(cmake ninja-build g++ pkg-config python3 qt6-base-dev libsdl2-mixer-dev libsndfile1-dev
           timgm6mb-soundfont fonts-wine libgtest-dev libgmock-dev libbenchmark-dev
-          desktop-file-utils appstream groff-base xvfb xauth xdotool x11-utils imagemagick)
+          desktop-file-utils appstream groff-base dpkg-dev file lintian
+          xvfb xauth xdotool x11-utils imagemagick)
 
 install_missing() {
     local missing=()

@@ -1,18 +1,40 @@
 # Where an installed game puts its files, and the Debian package made from them.
 #   cmake --install build --prefix /usr/local     install
 #   cd build && cpack -G DEB                       make grumbo2_<version>_<arch>.deb
-# The program looks for its data beside itself first, then in ../share/grumbo2, so the data
-# folder below must stay the binary folder's sibling.
 include(GNUInstallDirs)
 
 set(GRUMBO_HOMEPAGE "https://grumbo2.example.org" CACHE STRING "The game's homepage")
 set(GRUMBO_APP_ID org.example.grumbo2)
 set(GRUMBO_ICON_SIZES 16 22 24 32 48 64 128 256)
+set(GRUMBO_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/grumbo2)
 
-install(TARGETS grumbo2 RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+# Under /usr, the distribution's own prefix, the program and its data go where Debian keeps games:
+# /usr/games and /usr/share/games/grumbo2. Under any other prefix (/usr/local, ~/.local, /opt/x)
+# they go to bin/ and share/grumbo2, where a player's PATH looks. The choice is made as the files
+# are installed, not at configure time, because cpack installs this same build tree under /usr.
+# The program looks for its data beside itself, then in ../share/grumbo2 and ../share/games/grumbo2:
+# both layouts keep the data folder where one of those finds it.
+install(CODE [[
+    string(REGEX REPLACE "/+$" "" grumbo_prefix "${CMAKE_INSTALL_PREFIX}")
+    if(grumbo_prefix STREQUAL "/usr")
+        set(grumbo_bindir games)
+        set(grumbo_datadir share/games/grumbo2)
+    else()
+        set(grumbo_bindir bin)
+        set(grumbo_datadir share/grumbo2)
+    endif()
+]])
+install(TARGETS grumbo2 RUNTIME DESTINATION "\${grumbo_bindir}")
+# A stripped program keeps no compiler notes either.
+install(CODE "
+    if(CMAKE_INSTALL_DO_STRIP)
+        execute_process(COMMAND \"${CMAKE_STRIP}\" --remove-section=.comment --remove-section=.note
+                        \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/\${grumbo_bindir}/grumbo2\")
+    endif()
+")
 
 # The icons go with the game's data too: its windows show them.
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/grumbo2)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/ DESTINATION "\${grumbo_datadir}")
 foreach(size IN LISTS GRUMBO_ICON_SIZES)
     install(FILES ${PROJECT_SOURCE_DIR}/data/icons/grumbo2-${size}.png
             DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps
@@ -26,13 +48,30 @@ configure_file(${PROJECT_SOURCE_DIR}/dist/${GRUMBO_APP_ID}.metainfo.xml.in
 install(FILES ${PROJECT_BINARY_DIR}/dist/${GRUMBO_APP_ID}.metainfo.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 
-# Debian keeps its man pages gzipped, without name or time stamp in the header.
-set(GRUMBO_MANPAGE ${PROJECT_BINARY_DIR}/dist/grumbo2.6.gz)
-add_custom_command(OUTPUT ${GRUMBO_MANPAGE}
-                   COMMAND gzip -9 -n -c ${PROJECT_SOURCE_DIR}/dist/grumbo2.6 > ${GRUMBO_MANPAGE}
-                   DEPENDS ${PROJECT_SOURCE_DIR}/dist/grumbo2.6)
-add_custom_target(grumbo2_manpage ALL DEPENDS ${GRUMBO_MANPAGE})
-install(FILES ${GRUMBO_MANPAGE} DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
+# Debian keeps its man pages and changelogs gzipped, without name or time stamp in the header.
+function(grumbo_gzip source gzipped)
+    add_custom_command(OUTPUT ${gzipped}
+                       COMMAND gzip -9 -n -c ${source} > ${gzipped}
+                       DEPENDS ${source})
+endfunction()
+configure_file(${PROJECT_SOURCE_DIR}/dist/grumbo2.6 ${PROJECT_BINARY_DIR}/dist/grumbo2.6 @ONLY)
+grumbo_gzip(${PROJECT_BINARY_DIR}/dist/grumbo2.6 ${PROJECT_BINARY_DIR}/dist/grumbo2.6.gz)
+grumbo_gzip(${GRUMBO_CHANGELOG} ${PROJECT_BINARY_DIR}/dist/changelog.gz)
+add_custom_target(grumbo2_dist ALL
+                  DEPENDS ${PROJECT_BINARY_DIR}/dist/grumbo2.6.gz ${PROJECT_BINARY_DIR}/dist/changelog.gz)
+install(FILES ${PROJECT_BINARY_DIR}/dist/grumbo2.6.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
+
+# Who may do what with it, and what changed, travel with every copy.
+install(FILES ${PROJECT_BINARY_DIR}/dist/changelog.gz DESTINATION ${GRUMBO_DOCDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/COPYRIGHT DESTINATION ${GRUMBO_DOCDIR} RENAME copyright)
+# What Debian's package checker is told, where only a package would put it: the credits are
+# data that the credits screen scrolls, not documentation about the data folder.
+install(CODE "
+    if(grumbo_prefix STREQUAL /usr)
+        file(INSTALL ${PROJECT_SOURCE_DIR}/dist/lintian-overrides
+             DESTINATION \${CMAKE_INSTALL_PREFIX}/share/lintian/overrides RENAME grumbo2)
+    endif()
+")
 
 set(CPACK_PACKAGE_NAME grumbo2)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
@@ -41,7 +80,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "turn-based banana artillery for two or fo
 set(CPACK_PACKAGE_HOMEPAGE_URL ${GRUMBO_HOMEPAGE})
 set(CPACK_GENERATOR DEB)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The Grumbo 2 developers <grumbo2@example.org>")
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER ${GRUMBO_MAINTAINER})
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION

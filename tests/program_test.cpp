@@ -76,17 +76,22 @@ TEST(Display, AutomaticScaleFollowsTheScreenHeight) {
             << c.height << " px at ratio " << c.ratio;
 }
 
-TEST(DataFolder, BesideTheProgramFirstThenTheInstalledShareFolder) {
+TEST(DataFolder, BesideTheProgramFirstThenTheInstalledShareFolders) {
     QTemporaryDir root;
     ASSERT_TRUE(root.isValid());
-    for (const char* dir :
-         {"build/game/characters", "usr/bin", "usr/share/grumbo2/characters", "bare/bin"})
+    for (const char* dir : {"build/game/characters", "local/bin", "local/share/grumbo2/characters",
+                            "usr/games", "usr/share/games/grumbo2/characters", "bare/bin",
+                            "both/bin/characters", "both/share/grumbo2/characters"})
         ASSERT_TRUE(QDir(root.path()).mkpath(QLatin1String(dir)));
-    const QString build = root.path() + QStringLiteral("/build/game");
-    EXPECT_EQ(core::DataFolder::forProgram(build).root(), build);
-    EXPECT_EQ(core::DataFolder::forProgram(root.path() + QStringLiteral("/usr/bin")).root(),
-              root.path() + QStringLiteral("/usr/share/grumbo2"));
-    const QString bare = root.path() + QStringLiteral("/bare/bin");
-    EXPECT_EQ(core::DataFolder::forProgram(bare).root(), bare)
+    const auto found = [&](const char* program) {
+        return core::DataFolder::forProgram(root.path() + QLatin1Char('/') + QLatin1String(program))
+            .root()
+            .mid(root.path().size() + 1);
+    };
+    EXPECT_EQ(found("build/game"), QStringLiteral("build/game"));
+    EXPECT_EQ(found("local/bin"), QStringLiteral("local/share/grumbo2")) << "any prefix";
+    EXPECT_EQ(found("usr/games"), QStringLiteral("usr/share/games/grumbo2")) << "Debian's games";
+    EXPECT_EQ(found("both/bin"), QStringLiteral("both/bin")) << "beside the program wins";
+    EXPECT_EQ(found("bare/bin"), QStringLiteral("bare/bin"))
         << "nothing anywhere: the program's own folder";
 }

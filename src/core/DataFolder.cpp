@@ -6,12 +6,11 @@
 namespace core {
 
 DataFolder DataFolder::forProgram(const QString& programFolder) {
-    const auto hasData = [](const QString& folder) {
-        return QFileInfo(folder + QStringLiteral("/characters")).isDir();
-    };
-    if (hasData(programFolder)) return DataFolder(programFolder);
-    const QString installed = QDir::cleanPath(programFolder + QStringLiteral("/../share/grumbo2"));
-    return DataFolder(hasData(installed) ? installed : programFolder);
+    for (const char* relative : {".", "../share/grumbo2", "../share/games/grumbo2"}) {
+        const QString folder = QDir::cleanPath(programFolder + QLatin1Char('/') + relative);
+        if (QFileInfo(folder + QStringLiteral("/characters")).isDir()) return DataFolder(folder);
+    }
+    return DataFolder(programFolder);
 }
 
 }  // namespace core

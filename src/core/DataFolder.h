@@ -7,8 +7,9 @@ namespace core {
 class DataFolder {
 public:
     explicit DataFolder(QString root) : root_(std::move(root)) {}
-    // The data beside a program in `programFolder`, as in the build tree, or else in
-    // share/grumbo2 beside the program's bin folder, as after an installation wherever it went.
+    // The data beside a program in `programFolder`, as in the build tree; or else in
+    // ../share/grumbo2 (a bin/ folder under any prefix) or ../share/games/grumbo2 (/usr/games in
+    // a Debian package), as after an installation wherever it went.
     static DataFolder forProgram(const QString& programFolder);
 
     const QString& root() const { return root_; }

@@ -19,6 +19,9 @@ constexpr int kNameLabelHeight = 15;
 // The final board.
 constexpr int kBoardHeight = 25;
 constexpr QColor kGrey{128, 128, 128};
+// The side score is the board's headline. The desktop's black button text all but vanished on the
+// night sky; banana yellow stands out on the day's blue and the night's purple alike.
+constexpr QColor kScoreColour{255, 221, 51};
 
 // A label's text: nothing of it shows outside its place.
 void text(QPainter& p, const QRect& r, const QString& s, const QColor& colour,
@@ -56,15 +59,15 @@ void drawBoxes(QPainter& p, const game::Match& m) {
          QColor::fromRgb(game::kWindColour.rgb()), Qt::AlignCenter);
 }
 
-void drawBoard(QPainter& p, const game::Board& b, const QColor& scoreColour) {
+void drawBoard(QPainter& p, const game::Board& b) {
     p.setFont(ui::tahoma(ui::kLargeText, true));
     const auto cell = [&](int left, int top, int width, const QString& s, const QColor& c) {
         text(p, QRect(left, top, width, kBoardHeight), s, c);
     };
     cell(272, 40, 65, QStringLiteral("Score:"), kGrey);
-    cell(344, 40, 25, b.left, scoreColour);
+    cell(344, 40, 25, b.left, kScoreColour);
     cell(376, 40, 25, QStringLiteral("to"), kGrey);
-    cell(408, 40, 25, b.right, scoreColour);
+    cell(408, 40, 25, b.right, kScoreColour);
     cell(104, 80, 121, QStringLiteral("Frags"), kGrey);
     cell(232, 80, 121, QStringLiteral("Points"), kGrey);
     cell(360, 80, 121, QStringLiteral("Accuracy"), kGrey);
@@ -107,7 +110,7 @@ void MatchField::paintEvent(QPaintEvent*) {
         p.drawImage(m.projectile().pos, withoutWhite(m.projectile().picture()));
     if (m.figuresShown()) drawFigure(p, m, 0);
     if (m.boxesShown()) drawBoxes(p, m);
-    if (m.board()) drawBoard(p, *m.board(), palette().color(QPalette::ButtonText));
+    if (m.board()) drawBoard(p, *m.board());
     if (m.figuresShown())
         for (int i = 1; i < m.players(); ++i) drawFigure(p, m, i);
     drawMarkerAndPopup(p, m);

@@ -18,6 +18,7 @@
 #include "ui/CanvasWidget.h"
 #include "ui/Input.h"
 #include "ui/MessageBox.h"
+#include "ui/OwnedBox.h"
 #include "ui/ScreenLook.h"
 
 namespace screens {
@@ -62,14 +63,14 @@ PlayerScreen::PlayerScreen(const core::DataFolder& data, media::Sound& sound)
         const QString s = characterSound(name);
         if (!s.isEmpty()) sound_.playEffect(data_.path(s));
     });
-    auto* backButton = new QPushButton(QStringLiteral("Back"), this);
+    backButton = new QPushButton(QStringLiteral("Back"), this);
     backButton->setGeometry(66, 203, 57, 20);
-    auto* nextButton = new QPushButton(QStringLiteral("Next"), this);
+    nextButton = new QPushButton(QStringLiteral("Next"), this);
     nextButton->setGeometry(123, 203, 57, 20);
     QObject::connect(backButton, &QPushButton::clicked, this, [this] { back(); });
     QObject::connect(nextButton, &QPushButton::clicked, this, [this] { next(); });
     noCharacters_ = new QLabel(this);
-    noCharacters_->setGeometry(4, kPreviewHeight / 2 - 8, kWidth - 8, 16);
+    noCharacters_->setGeometry(4, 40, kWidth - 8, 128);
     noCharacters_->setAlignment(Qt::AlignCenter);
     noCharacters_->hide();
     createSeat();
@@ -130,16 +131,20 @@ void PlayerScreen::showPreview(const QString& character) {
 }
 
 void PlayerScreen::showNoCharacters() {
-    // Nothing to choose, so no match can start: the screen says why, and only "Back" and the
-    // close box do anything.
+    // Nothing to choose, so no match can start: the screen says why and what a character needs,
+    // and leaves "Back" and the close box as the ways out.
     preview->hide();
     browser->setEnabled(false);
-    const QString text =
-        QStringLiteral("No characters in %1")
-            .arg(QDir::toNativeSeparators(data_.path(QStringLiteral("characters"))));
-    noCharacters_->setText(QFontMetrics(noCharacters_->font())
-                               .elidedText(text, Qt::ElideMiddle, noCharacters_->width()));
-    noCharacters_->setToolTip(text);
+    nameBox->setEnabled(false);
+    nextButton->setEnabled(false);
+    const QString folder = QDir::toNativeSeparators(data_.path(QStringLiteral("characters")));
+    noCharacters_->setText(
+        QStringLiteral("No complete character in\n%1\n\nA character is three pictures:\n"
+                       "Name.bmp, Name1.bmp and Name2.bmp,\neach 30 to 80 pixels wide\n"
+                       "and 35 to 150 pixels high.")
+            .arg(QFontMetrics(noCharacters_->font())
+                     .elidedText(folder, Qt::ElideMiddle, noCharacters_->width())));
+    noCharacters_->setToolTip(folder);
     noCharacters_->show();
 }
 
@@ -166,6 +171,11 @@ void PlayerScreen::next() {
     if (nameBox->text().isEmpty()) {
         if (!seat) {
             ui::showMessage(QStringLiteral("Enter a player name"), gameTitle());
+            // The name is what is missing: the keyboard goes back to its box, also from a click
+            // on "Next" and from a window system that activated another window when the message
+            // closed.
+            ui::giveFocus(this);
+            nameBox->setFocus();
             return;
         }
         // The computer needs no name of its own: it goes by its seat.

@@ -17,6 +17,7 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 namespace ui {
 class ArrowControl;
 class CanvasWidget;
@@ -50,6 +51,8 @@ public:
     std::function<void()> onBack;
 
     QLineEdit* nameBox = nullptr;
+    QPushButton* backButton = nullptr;
+    QPushButton* nextButton = nullptr;
     ui::ArrowControl* browser = nullptr;
     QLineEdit* characterBox = nullptr;
     ui::CanvasWidget* preview = nullptr;

@@ -7,7 +7,7 @@
 namespace ui {
 
 Qt::WindowFlags frontEndFlags() {
-    return Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+    return Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
 }
 
 namespace {

@@ -8,8 +8,9 @@ class QWidget;
 
 namespace ui {
 
-// A title bar with only a close box, on a normal top-level window: a tool-window frame would
-// drop the screen from the desktop's task switcher.
+// The small frame of a tool window with only a close box: the front-end screens are small fixed
+// boxes, nothing to minimise or maximise. Some desktops leave tool windows out of the taskbar;
+// the match window, which players leave and come back to, stays an ordinary window.
 Qt::WindowFlags frontEndFlags();
 
 // The desktop's colours.

@@ -1,34 +1,48 @@
 #!/usr/bin/env bash
-# Installs the built game into a fresh prefix and checks that a desktop finds everything where
-# it looks: the program, its data, the icon in every size, the menu entry, the software-centre
-# metadata and the man page; the menu entry and the metadata must also pass their validators.
+# Installs the built game as a player would into a prefix of his own, and as a package would under
+# /usr, and checks that a desktop finds everything where it looks: the program, its data, the icon
+# in every size, the menu entry, the software-centre metadata, the man page, the licence and the
+# changelog; the menu entry and the metadata must also pass their validators.
 #   check_install.sh CMAKE BUILD_DIR SOURCE_DATA_DIR
 set -u
 cmake=$1 build=$2 source_data=$3
 
-prefix=$(mktemp -d)
-trap 'rm -rf "$prefix"' EXIT
+root=$(mktemp -d)
+trap 'rm -rf "$root"' EXIT
 failures=0
 fail() {
     echo "FAIL: $*"
     failures=$((failures + 1))
 }
 
+# The data must lie where the program looks for it from its own folder.
+check_program_and_data() {  # LAYOUT BIN_FOLDER DATA_FOLDER
+    local layout=$1 bin=$2 data=$3
+    [ -x "$bin/grumbo2" ] || fail "$layout: no program ${bin#"$root"/}/grumbo2"
+    for folder in characters sounds midi; do
+        [ -n "$(ls -A "$data/$folder" 2>/dev/null)" ] || fail "$layout: no data folder ${data#"$root"/}/$folder"
+    done
+    local expected installed
+    expected=$(cd "$source_data" && find . -type f | sort)
+    installed=$(cd "$data" 2>/dev/null && find . -type f | sort)
+    [ "$expected" = "$installed" ] || {
+        fail "$layout: ${data#"$root"/} differs from data/:"
+        diff <(echo "$expected") <(echo "$installed") | sed -n 's/^[<>]/  &/p'
+    }
+}
+
+# Under /usr, Debian's games layout; the rest below is checked in the player's own prefix.
+DESTDIR=$root/package "$cmake" --install "$build" --prefix /usr >/dev/null ||
+    fail "cmake --install --prefix /usr exited with $?"
+check_program_and_data "under /usr" "$root/package/usr/games" "$root/package/usr/share/games/grumbo2"
+[ ! -e "$root/package/usr/bin" ] || fail "under /usr: a usr/bin beside usr/games"
+
+prefix=$root/prefix
 "$cmake" --install "$build" --prefix "$prefix" >/dev/null || fail "cmake --install exited with $?"
 bin=$prefix/bin share=$prefix/share
-
-# The program, and its data in the sibling folder share/grumbo2 where it looks for it.
-[ -x "$bin/grumbo2" ] || fail "no program bin/grumbo2"
-data=$share/grumbo2
-for folder in characters sounds midi; do
-    [ -n "$(ls -A "$data/$folder" 2>/dev/null)" ] || fail "no data folder share/grumbo2/$folder"
-done
-expected=$(cd "$source_data" && find . -type f | sort)
-installed=$(cd "$data" 2>/dev/null && find . -type f | sort)
-[ "$expected" = "$installed" ] || {
-    fail "share/grumbo2 differs from data/:"
-    diff <(echo "$expected") <(echo "$installed") | sed -n 's/^[<>]/  &/p'
-}
+check_program_and_data "own prefix" "$bin" "$share/grumbo2"
+[ -f "$share/doc/grumbo2/copyright" ] && [ -f "$share/doc/grumbo2/changelog.gz" ] ||
+    fail "no copyright or changelog.gz in share/doc/grumbo2"
 
 # The menu entry: valid, and naming a program and an icon that are installed.
 desktop=$share/applications/grumbo2.desktop

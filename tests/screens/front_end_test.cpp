@@ -140,19 +140,6 @@ TEST_F(FrontEnd, TheScanListsAtMost41CompleteCharactersOfACharactersSize) {
     EXPECT_EQ(p.characters().size(), 41) << "no room for a secret character";
 }
 
-TEST_F(FrontEnd, WithoutAnyCharacterNothingCanBeChosen) {
-    OwnData own;
-    own.picture("Lonely.bmp", 40, 60);
-    screens::PlayerScreen p(own.folder(), sound);
-    QTest::keyClicks(p.nameBox, "dunik\r");
-    EXPECT_TRUE(p.characters().isEmpty() && p.characterBox->text().isEmpty() && messages.isEmpty());
-    EXPECT_EQ(p.windowTitle(), "Player 1");
-    const QList<QLabel*> labels = p.findChildren<QLabel*>();
-    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [&](const QLabel* l) {
-        return l->isVisibleTo(&p) && l->text().startsWith(QLatin1String("No characters in"));
-    }));
-}
-
 // Whether the figure shows `character`'s standing picture wherever that is not white.
 bool Wears(const game::Figure& figure, const QString& character) {
     const core::Canvas picture = ShippedArt(character).standing;
