@@ -15,7 +15,6 @@
 #include <filesystem>
 
 #include "TestSupport.h"
-#include "core/DataFile.h"
 #include "screens/CreditsScreen.h"
 #include "screens/TitleScreen.h"
 #include "ui/CanvasWidget.h"
@@ -39,24 +38,20 @@ const char* const kFiles[] = {"sounds/g2intro.wav",   "Explosion-2.au",
                               "icons/grumbo2-16.png", "characters/Classic Grumbo1.bmp",
                               "pIndication.bmp"};
 
-QByteArray Pcm(const char* tag, bool bigEndian, int rate, int channels, int bits, double seconds) {
+// A WAV file of `seconds` of a steady level.
+QByteArray Wav(int rate, int channels, int bits, double seconds) {
     const auto bytes = static_cast<quint32>(seconds * rate) * channels * (bits / 8);
     QByteArray b;
     QDataStream out(&b, QIODevice::WriteOnly);
-    out.setByteOrder(bigEndian ? QDataStream::BigEndian : QDataStream::LittleEndian);
-    out.writeRawData(tag, 4);
-    if (bigEndian)  // Sun audio: 16-bit linear samples after a 24-byte header
-        out << quint32{24} << bytes << quint32{3} << quint32(rate) << quint32(channels);
-    else {
-        out << 36 + bytes;
-        out.writeRawData("WAVEfmt ", 8);
-        out << quint32{16} << quint16{1} << quint16(channels) << quint32(rate)
-            << quint32(rate * channels * bits / 8) << quint16(channels * bits / 8) << quint16(bits);
-        out.writeRawData("data", 4);
-        out << bytes;
-    }
-    b.append(QByteArray(bytes, '\x40'));
-    return b;
+    out.setByteOrder(QDataStream::LittleEndian);
+    out.writeRawData("RIFF", 4);
+    out << 36 + bytes;
+    out.writeRawData("WAVEfmt ", 8);
+    out << quint32{16} << quint16{1} << quint16(channels) << quint32(rate)
+        << quint32(rate * channels * bits / 8) << quint16(channels * bits / 8) << quint16(bits);
+    out.writeRawData("data", 4);
+    out << bytes;
+    return b + QByteArray(bytes, '\x40');
 }
 
 QByteArray Picture(const char* format, int width, int height) {
@@ -68,35 +63,29 @@ QByteArray Picture(const char* format, int width, int height) {
     return b;
 }
 
-// A file that is still one of its kind, but larger than the game reads: a sound of 11 s at
-// 96 kHz, lines of credits, or the shipped file with bytes after its end that readers ignore.
-QByteArray Larger(Kind kind, QByteArray shipped, qint64 limit) {
-    if (kind == Kind::Sound) return Pcm("RIFF", false, 96000, 2, 16, 11);
-    if (kind == Kind::Explosion) return Pcm(".snd", true, 96000, 2, 16, 11);
-    if (kind == Kind::Credits) shipped = "10\n" + QByteArray("A line of credits\n").repeated(4000);
-    return shipped.leftJustified(std::max<qint64>(shipped.size(), limit + 1), '\0');
+// A file that is still one of its kind, but far larger than any of ours: a sound of 4 MB (11 s
+// at 96 kHz), 100 KB of credits, or a shipped file with bytes after its end that readers ignore,
+// to 1 MB for a tune (ours are under 50 KB) or an icon, and to 64 KB for a picture, which no
+// picture of a character's or the turn marker's size needs.
+QByteArray Larger(Kind kind, const QByteArray& shipped) {
+    switch (kind) {
+        case Kind::Sound:
+        case Kind::Explosion: return Wav(96000, 2, 16, 11);
+        case Kind::Credits: return "10\n" + QByteArray("A line of credits\n").repeated(5600);
+        case Kind::Tune:
+        case Kind::Icon: return shipped.leftJustified(1 << 20, '\0');
+        default: return shipped.leftJustified(64 << 10, '\0');
+    }
 }
 
 // One of its kind but beyond what the game takes for it: a sound of 21 s, an icon 513 pixels wide,
 // a dancer or a turn marker 81 pixels wide.
 QByteArray Beyond(Kind kind) {
     switch (kind) {
-        case Kind::Sound: return Pcm("RIFF", false, 8000, 1, 8, 21);
+        case Kind::Sound: return Wav(8000, 1, 8, 21);
         case Kind::Icon: return Picture("PNG", 513, 16);
         default: return Picture("BMP", 81, 70);
     }
-}
-
-qint64 Limit(Kind kind) {
-    namespace limit = core::limit;
-    const qint64 limits[] = {limit::kSound,
-                             limit::kSound,
-                             limit::kTune,
-                             limit::kCredits,
-                             limit::kIcon,
-                             core::largestBitmapFile(screens::kCharacterPicture.largest),
-                             core::largestBitmapFile(screens::kMarkerPicture.largest)};
-    return limits[static_cast<int>(kind)];
 }
 
 class HostileData : public ScreensTest, public ::testing::WithParamInterface<Row> {
@@ -140,8 +129,7 @@ TEST_P(HostileData, IsRefusedAtOnceAndTheGameGoesOn) {
     QFile shipped(path);
     ASSERT_TRUE(shipped.open(QIODevice::ReadOnly));
     const QByteArray bytes = shipped.readAll();
-    shipped.close();
-    if (damage != Damage::Intact) QFile::remove(path);
+    if (damage != Damage::Intact) shipped.remove();
     switch (damage) {
         case Damage::Intact: break;
         case Damage::Folder: ASSERT_TRUE(QDir().mkdir(path)); break;
@@ -151,7 +139,7 @@ TEST_P(HostileData, IsRefusedAtOnceAndTheGameGoesOn) {
         case Damage::Beyond: {
             QFile out(path);
             ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-            out.write(damage == Damage::Larger ? Larger(kind, bytes, Limit(kind)) : Beyond(kind));
+            out.write(damage == Damage::Larger ? Larger(kind, bytes) : Beyond(kind));
         }
     }
     EXPECT_EQ(Used(kind), damage == Damage::Intact);
