@@ -3,6 +3,7 @@
 // them, neither waiting for them nor filling its memory, and goes on with silence, a stand-in or
 // an empty scroll. Keys and names that could fool the screens are here too.
 #include <SDL_mixer.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <QApplication>
@@ -142,7 +143,12 @@ TEST_P(HostileData, IsRefusedAtOnceAndTheGameGoesOn) {
             out.write(damage == Damage::Larger ? Larger(kind, bytes) : Beyond(kind));
         }
     }
+    rusage before{}, after{};
+    getrusage(RUSAGE_SELF, &before);
     EXPECT_EQ(Used(kind), damage == Damage::Intact);
+    getrusage(RUSAGE_SELF, &after);
+    // Reading any of them takes some megabytes at most (the SoundFont for a tune), not gigabytes.
+    EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 128 << 10) << "kilobytes more at the peak";
 }
 
 std::vector<Row> Rows() {
