@@ -10,7 +10,8 @@ namespace {
 
 core::Canvas picture(const QString& relative) {
     QImage image;
-    core::readBitmap(QStringLiteral(GRUMBO_DATA_DIR "/") + relative, image);
+    core::readBitmap(QStringLiteral(GRUMBO_DATA_DIR "/") + relative,
+                     core::largestBitmapFile(game::kLargestCharacter), image);
     return core::Canvas(image);
 }
 

@@ -17,6 +17,9 @@ using namespace testing_support;
 
 namespace {
 
+// Room for any picture the reader takes.
+constexpr qint64 kAnyFile = core::largestBitmapFile({core::kMaxPictureSide, core::kMaxPictureSide});
+
 // A Windows bitmap as the usual tools write it: a 40-byte info header, rows padded to four bytes,
 // bottom-up unless `topDown`; a picture of 8 bits or fewer gets a table of the colours it uses
 // and packs its pixels from the top bit of each byte down.
@@ -96,7 +99,7 @@ TEST(Bitmap, ReadsEveryPixelAtEachDepthInEitherRowOrder) {
             const QString path = dir.filePath(QStringLiteral("p.bmp"));
             Write(path, Bmp(3, 2, px, bits, topDown));
             QImage img;
-            ASSERT_TRUE(core::readBitmap(path, img));
+            ASSERT_TRUE(core::readBitmap(path, kAnyFile, img));
             ASSERT_EQ(img.size(), QSize(3, 2));
             for (int y = 0; y < 2; ++y)
                 for (int x = 0; x < 3; ++x) EXPECT_EQ(img.pixel(x, y), px[std::size_t(y * 3 + x)]);
@@ -105,9 +108,9 @@ TEST(Bitmap, ReadsEveryPixelAtEachDepthInEitherRowOrder) {
     const QString wide = dir.filePath(QStringLiteral("wide.bmp"));
     Write(wide, Bmp(core::kMaxPictureSide, 1, std::vector<QRgb>(core::kMaxPictureSide, 0)));
     QImage img;
-    EXPECT_TRUE(core::readBitmap(wide, img));
+    EXPECT_TRUE(core::readBitmap(wide, kAnyFile, img));
     Write(wide, Bmp(core::kMaxPictureSide + 1, 1, std::vector<QRgb>(core::kMaxPictureSide + 1, 0)));
-    EXPECT_FALSE(core::readBitmap(wide, img));
+    EXPECT_FALSE(core::readBitmap(wide, kAnyFile, img));
 }
 
 TEST(Bitmap, RefusesWhatItCannotReadWholeAndSaysWhy) {
@@ -153,14 +156,14 @@ TEST(Bitmap, RefusesWhatItCannotReadWholeAndSaysWhy) {
         Write(path, bytes);
         QImage img(1, 1, QImage::Format_RGB32);
         core::PictureError why;
-        EXPECT_FALSE(core::readBitmap(path, img, &why));
+        EXPECT_FALSE(core::readBitmap(path, kAnyFile, img, &why));
         EXPECT_FALSE(why.missing);
         EXPECT_TRUE(why.reason.contains(QLatin1String(c.reason))) << why.reason.toStdString();
         EXPECT_EQ(img.size(), QSize(1, 1)) << "the image is left as it was";
     }
     core::PictureError why;
     QImage img;
-    EXPECT_FALSE(core::readBitmap(dir.filePath(QStringLiteral("none.bmp")), img, &why));
+    EXPECT_FALSE(core::readBitmap(dir.filePath(QStringLiteral("none.bmp")), kAnyFile, img, &why));
     EXPECT_TRUE(why.missing);
 }
 
@@ -200,10 +203,10 @@ TEST_F(BrokenPictures, AreNamedOnceARunAndAStandInPlays) {
     } cases[] = {
         {truncated, "cannot be read: the file is cut"},
         {upsideDownAndHuge, "cannot be read: its header gives it a size of 44 x -100000 pixels"},
-        {Figure(3000, 3000),
-         "cannot be read: a character is 30 to 80 pixels wide and 35 to 150 "
-         "pixels high, and this picture is 3000 x 3000"},
-        {Figure(81, 70), "this picture is 81 x 70"},
+        {Figure(3000, 3000), "cannot be read: it is larger than"},
+        {Figure(81, 70),
+         "cannot be read: a character is 30 to 80 pixels wide and 35 to 150 pixels high, and this "
+         "picture is 81 x 70"},
         {Figure(29, 70), "this picture is 29 x 70"},
         {Figure(44, 151), "this picture is 44 x 151"},
         {Figure(44, 34), "this picture is 44 x 34"},

@@ -1,7 +1,10 @@
 #include <QApplication>
 #include <QDateTime>
+#include <cstdio>
+#include <cstdlib>
 #include <iostream>
 #include <random>
+#include <vector>
 
 #include "app/CommandLine.h"
 #include "app/ScreenFlow.h"
@@ -10,6 +13,36 @@
 #include "ui/Window.h"
 
 namespace {
+// What the toolkit says while it connects to the display, held back: when it cannot connect, its
+// page of advice and its abort become one line and a plain failure.
+struct HeldMessage {
+    QtMsgType type;
+    QByteArray category;
+    QString text;
+};
+std::vector<HeldMessage> held;
+QtMessageHandler toolkitHandler = nullptr;
+
+void holdMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type != QtFatalMsg) {
+        held.push_back({type, context.category, text});
+        return;
+    }
+    // The first complaint names the cause: "could not connect to display :1".
+    const QString cause = held.empty() ? text : held.front().text;
+    std::fprintf(stderr, "grumbo2: cannot open a window: %s\n", qPrintable(cause.trimmed()));
+    std::_Exit(1);
+}
+
+void releaseMessages() {
+    qInstallMessageHandler(toolkitHandler);
+    for (const HeldMessage& m : held) {
+        const QMessageLogContext context(nullptr, 0, nullptr, m.category.constData());
+        qt_message_output(m.type, context, m.text);
+    }
+    held.clear();
+}
+
 QStringList iconFiles(const core::DataFolder& data) {
     QStringList files;
     for (int size : {16, 22, 24, 32, 48, 64, 128, 256})
@@ -22,10 +55,12 @@ int main(int argc, char** argv) {
     app::Options options;
     if (const auto status = app::parseCommandLine(argc, argv, options, std::cout, std::cerr))
         return *status;
+    toolkitHandler = qInstallMessageHandler(holdMessage);
     const ui::ScreenInfo screen = ui::probeScreen(argc, argv);
     ui::setScale(options.scale.value_or(ui::automaticScale(screen)), screen);
 
     QApplication application(argc, argv);
+    releaseMessages();
     // The screen flow decides when the program ends, not the last window that closes.
     application.setQuitOnLastWindowClosed(false);
     const core::DataFolder data =

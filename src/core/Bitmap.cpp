@@ -1,20 +1,15 @@
 #include "core/Bitmap.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <cstdint>
 #include <cstdlib>
+
+#include "core/DataFile.h"
 
 namespace core {
 
 namespace {
 
 constexpr qint64 kFileHeader = 14;
-constexpr qint64 kLargestInfoHeader = 124;
-// No picture within kMaxPictureSide needs more: the headers, a full colour table and 32-bit rows.
-// Anything larger is not read into memory at all.
-constexpr qint64 kMaxFileSize =
-    kFileHeader + kLargestInfoHeader + 256 * 4 + qint64{kMaxPictureSide} * kMaxPictureSide * 4;
 
 // The versions of the info header that all begin with the same 40 bytes.
 bool knownInfoHeader(std::uint32_t size) {
@@ -51,17 +46,14 @@ private:
 
 }  // namespace
 
-bool readBitmap(const QString& path, QImage& image, PictureError* error) {
+bool readBitmap(const QString& path, qint64 largestFile, QImage& image, PictureError* error) {
     const QString cutShort = QStringLiteral("the file is cut short");
-    if (!QFileInfo(path).isFile())
-        return refuse(error, true, QStringLiteral("there is no such file"));
-    QFile file(path);
-    if (file.size() > kMaxFileSize)
-        return refuse(error, false, QStringLiteral("it is larger than any picture the game shows"));
-    if (!file.open(QIODevice::ReadOnly))
-        return refuse(error, false, QStringLiteral("the file cannot be opened"));
-    const QByteArray data = file.read(kMaxFileSize + 1);
-    const Bytes b(data);
+    FileError why;
+    const std::optional<QByteArray> data = readDataFile(path, largestFile, &why);
+    if (!data)
+        return refuse(error, why.missing,
+                      why.missing ? QStringLiteral("there is no such file") : why.reason);
+    const Bytes b(*data);
 
     if (b.size() < 2 || b.u(0, 2) != 0x4D42)
         return refuse(error, false, QStringLiteral("it is not a Windows bitmap"));

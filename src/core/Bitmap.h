@@ -4,6 +4,7 @@
 // reader knows, and every row of its pixel data must be in the file. What it refuses it explains
 // in words the players can act on.
 #include <QImage>
+#include <QSize>
 #include <QString>
 
 namespace core {
@@ -14,12 +15,18 @@ struct PictureError {
     QString reason;        // what is wrong with a file that is there
 };
 
-// A side longer than this is taken for a broken header. The game's own pictures are a few dozen
-// pixels across; this leaves room for anything a player might reasonably draw.
+// A side longer than this is taken for a broken header, whatever the file's size.
 constexpr int kMaxPictureSide = 4096;
 
-// Reads the bitmap at `path` into `image` (Format_RGB32). False when the file is missing or cannot
-// be read completely; `error`, when given, then says which.
-bool readBitmap(const QString& path, QImage& image, PictureError* error = nullptr);
+// The largest file a picture of at most `size` pixels can be: the largest headers, a full colour
+// table and 32-bit rows.
+constexpr qint64 largestBitmapFile(QSize size) {
+    return 14 + 124 + 256 * 4 + qint64{size.width()} * size.height() * 4;
+}
+
+// Reads the bitmap at `path` into `image` (Format_RGB32). False when the file is missing, larger
+// than `largestFile` bytes or cannot be read completely; `error`, when given, then says which.
+bool readBitmap(const QString& path, qint64 largestFile, QImage& image,
+                PictureError* error = nullptr);
 
 }  // namespace core

@@ -3,13 +3,17 @@
 #include <sndfile.h>
 
 #include <QFileInfo>
+#include <algorithm>
 #include <cstring>
+#include <optional>
 
+#include "core/DataFile.h"
 #include "media/Sound.h"
 
 namespace media {
 
 namespace {
+namespace limit = core::limit;
 bool deviceOpen = false;
 
 const char* const kSoundFonts[] = {
@@ -18,6 +22,34 @@ const char* const kSoundFonts[] = {
     "/usr/share/sounds/sf3/default-GM.sf3",
     "/usr/share/sounds/sf2/FluidR3_GM.sf2",
 };
+
+// A file in memory, read by the sound file library.
+struct MemoryFile {
+    const QByteArray& bytes;
+    sf_count_t at;
+};
+
+sf_count_t memoryLength(void* f) { return static_cast<MemoryFile*>(f)->bytes.size(); }
+
+sf_count_t memorySeek(sf_count_t offset, int whence, void* f) {
+    auto* m = static_cast<MemoryFile*>(f);
+    const sf_count_t from = whence == SEEK_SET ? 0 : whence == SEEK_CUR ? m->at : m->bytes.size();
+    m->at = std::clamp<sf_count_t>(from + offset, 0, m->bytes.size());
+    return m->at;
+}
+
+sf_count_t memoryRead(void* out, sf_count_t count, void* f) {
+    auto* m = static_cast<MemoryFile*>(f);
+    const sf_count_t n = std::clamp<sf_count_t>(m->bytes.size() - m->at, 0, count);
+    std::memcpy(out, m->bytes.constData() + m->at, static_cast<std::size_t>(n));
+    m->at += n;
+    return n;
+}
+
+sf_count_t memoryWrite(const void*, sf_count_t, void*) { return 0; }
+sf_count_t memoryTell(void* f) { return static_cast<MemoryFile*>(f)->at; }
+
+SF_VIRTUAL_IO memoryIo{memoryLength, memorySeek, memoryRead, memoryWrite, memoryTell};
 
 void put16(std::vector<unsigned char>& v, std::uint16_t x) {
     v.push_back(x & 0xFF);
@@ -61,14 +93,19 @@ void closeAudioDevice() {
     deviceOpen = false;
 }
 
-std::vector<unsigned char> decodeToWav(const QString& file) {
+std::vector<unsigned char> decodeToWav(const QByteArray& file) {
+    MemoryFile in{file, 0};
     SF_INFO info{};
-    SNDFILE* sf = sf_open(QFile::encodeName(file).constData(), SFM_READ, &info);
+    SNDFILE* sf = sf_open_virtual(&memoryIo, SFM_READ, &info, &in);
     if (!sf) return {};
+    // Frames are counted before any is decoded: a small compressed file may hold hours.
     std::vector<short> samples;
-    if (info.frames > 0 && info.channels > 0 && info.channels <= 8 && info.frames < 60LL * 192000) {
+    if (info.channels > 0 && info.channels <= 2 && info.samplerate > 0 &&
+        info.samplerate <= 96000 && info.frames > 0 &&
+        info.frames <= sf_count_t{limit::kSoundSeconds} * info.samplerate) {
         samples.resize(static_cast<std::size_t>(info.frames) * info.channels);
-        samples.resize(sf_read_short(sf, samples.data(), static_cast<sf_count_t>(samples.size())));
+        samples.resize(static_cast<std::size_t>(
+            sf_read_short(sf, samples.data(), static_cast<sf_count_t>(samples.size()))));
     }
     sf_close(sf);
     if (samples.empty()) return {};
@@ -109,14 +146,14 @@ void SdlSound::stopEffect() {
 void SdlSound::playEffect(const QString& file) {
     if (!deviceOpen) return;
     stopEffect();
-    if (file.endsWith(QLatin1String(".au"), Qt::CaseInsensitive)) {
-        const std::vector<unsigned char> wav = decodeToWav(file);
-        if (wav.empty()) return;
-        // The mixer copies the decoded samples into its own buffer, so `wav` may go.
-        chunk_ = Mix_LoadWAV_RW(SDL_RWFromConstMem(wav.data(), static_cast<int>(wav.size())), 1);
-    } else {
-        chunk_ = Mix_LoadWAV(QFile::encodeName(file).constData());
-    }
+    const std::optional<QByteArray> bytes = core::readDataFileOrWarn(file, limit::kSound);
+    if (!bytes) return;
+    // WAV and Sun audio alike go through the decoder, which knows their length before it
+    // decodes; the mixer then takes plain samples.
+    const std::vector<unsigned char> wav = decodeToWav(*bytes);
+    if (wav.empty()) return;
+    // The mixer copies the samples into its own buffer, so `wav` may go.
+    chunk_ = Mix_LoadWAV_RW(SDL_RWFromConstMem(wav.data(), static_cast<int>(wav.size())), 1);
     if (chunk_) Mix_PlayChannel(0, chunk_, 0);
 }
 
@@ -127,13 +164,24 @@ void SdlSound::stopTune() {
     }
     music_ = nullptr;
     tune_.clear();
+    tuneBytes_.clear();
 }
 
 void SdlSound::playTune(const QString& file) {
     if (!deviceOpen) return;
     stopTune();
-    music_ = Mix_LoadMUS(QFile::encodeName(file).constData());
-    if (!music_) return;
+    std::optional<QByteArray> bytes = core::readDataFileOrWarn(file, limit::kTune);
+    if (!bytes) return;
+    // The mixer reads the tune from these bytes while it plays, so they stay with it; only a
+    // MIDI file is taken for a tune.
+    tuneBytes_ = *std::move(bytes);
+    music_ = Mix_LoadMUSType_RW(
+        SDL_RWFromConstMem(tuneBytes_.constData(), static_cast<int>(tuneBytes_.size())), MUS_MID,
+        1);
+    if (!music_) {
+        tuneBytes_.clear();
+        return;
+    }
     tune_ = file;
     if (Mix_PlayMusic(music_, 1) != 0) stopTune();
 }

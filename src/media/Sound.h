@@ -1,7 +1,9 @@
 #pragma once
 // Sound effects and music. Effects play one at a time in the background (a new effect replaces
 // the one playing); a tune plays in the background until it is closed. Both stay silent and
-// harmless without an audio device, a SoundFont or the file.
+// harmless without an audio device, a SoundFont or the file, and with a file that is not a sound
+// or a tune of a sensible size.
+#include <QByteArray>
 #include <QString>
 #include <vector>
 
@@ -38,13 +40,16 @@ private:
     Mix_Chunk* chunk_ = nullptr;
     Mix_Music* music_ = nullptr;
     QString tune_;
+    QByteArray tuneBytes_;
 };
 
 // Opens and closes the audio device (SDL's driver as the environment chooses); opening fails
 // quietly and leaves the game silent.
 bool openAudioDevice();
 void closeAudioDevice();
-// The whole of a Sun/NeXT audio file turned into an in-memory WAV image that the mixer reads.
-std::vector<unsigned char> decodeToWav(const QString& file);
+// A sound file's bytes (WAV, Sun audio, or another kind the sound file library reads) turned into
+// a WAV image of 16-bit samples that the mixer reads; empty when they are no sound or would last
+// longer than a sound may.
+std::vector<unsigned char> decodeToWav(const QByteArray& file);
 
 }  // namespace media

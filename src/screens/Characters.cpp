@@ -3,8 +3,7 @@
 #include <QDir>
 #include <algorithm>
 
-#include "core/Bitmap.h"
-#include "game/Figure.h"
+#include "screens/Pictures.h"
 
 namespace screens {
 
@@ -33,8 +32,7 @@ bool hasBothPoses(const QStringList& files, qsizetype at, const QString& base) {
 // A bitmap that cannot be read fails like one of the wrong size.
 bool fits(const QString& path) {
     QImage image;
-    return core::readBitmap(path, image) &&
-           game::fitsCharacterLimits(image.width(), image.height());
+    return readPicture(path, kCharacterPicture, image);
 }
 }  // namespace
 

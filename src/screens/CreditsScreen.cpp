@@ -1,9 +1,9 @@
 #include "screens/CreditsScreen.h"
 
-#include <QFile>
 #include <QTextStream>
 #include <algorithm>
 
+#include "core/DataFile.h"
 #include "core/Numbers.h"
 #include "ui/CanvasWidget.h"
 #include "ui/Fonts.h"
@@ -44,12 +44,12 @@ CreditsScreen::CreditsScreen(const core::DataFolder& data)
 const core::Canvas& CreditsScreen::screen() const { return screen_->canvas(); }
 
 void CreditsScreen::readCredits(const core::DataFolder& data) {
-    // A missing or unreadable file scrolls like an empty one: nothing but the black margin, then
+    // A missing or unusable file scrolls like an empty one: nothing but the black margin, then
     // the end of the credits.
-    QFile file(data.path(QStringLiteral("Credits.txt")));
-    const bool open = file.open(QIODevice::ReadOnly | QIODevice::Text);
-    QTextStream in(&file);
-    const QString first = open ? in.readLine() : QString();
+    QTextStream in(
+        core::readDataFileOrWarn(data.path(QStringLiteral("Credits.txt")), core::limit::kCredits)
+            .value_or(QByteArray()));
+    const QString first = in.readLine();
     const int h = ui::lineHeight(bufferFont());
     // A line count far beyond any credits would ask for a buffer of gigabytes; it is capped, and a
     // negative one counts as none.
@@ -57,7 +57,7 @@ void CreditsScreen::readCredits(const core::DataFolder& data) {
         std::clamp(core::leadingNumber(first), 0.0, double(kMaxBufferHeight - kBufferMargin) / h);
     buffer_ =
         core::Canvas(kBufferWidth, core::roundHalfEven(lines * h) + kBufferMargin, core::kBlack);
-    while (open && !in.atEnd()) print(in.readLine());
+    while (!in.atEnd()) print(in.readLine());
 }
 
 void CreditsScreen::print(const QString& line) {

@@ -35,8 +35,8 @@ MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, game::K
       match_(setup),
       pilot_(setup.seed ^ kPilotSeedMix),
       sound_(sound),
+      keys_(keys),
       data_(std::move(data)) {
-    match_.setKeys(&keys);
     match_.setPilot(&pilot_);
     field_ = new MatchField(this, match_);
     strip_ = new MatchStrip(this, match_);
@@ -64,10 +64,18 @@ void MatchView::step() {
 }
 
 void MatchView::refresh() {
+    // Keys that went down while the match was starting are not the first turn's: asking about
+    // each once forgets it, and the keyboard trap hears the keys from the first turn on.
+    if (!keysHeard_ && match_.phase() == game::Phase::Aiming) {
+        for (int key = 0; key < 256; ++key) keys_.pressed(key);
+        match_.setKeys(&keys_);
+        keysHeard_ = true;
+    }
     // The strip first: a turn that began opens the angle box, which then takes the keyboard.
     strip_->sync();
     playEvents();
-    if (windowTitle() != match_.title()) setWindowTitle(match_.title());
+    const QString title = ui::plainTitle(match_.title());
+    if (windowTitle() != title) setWindowTitle(title);
     const game::Loading& loading = match_.loading();
     if (loading.shown) {
         if (!loading_) loading_ = new LoadingBox(this);

@@ -46,6 +46,8 @@ private:
     game::Match match_;
     computer::Autopilot pilot_;
     media::Sound& sound_;
+    game::Keys& keys_;
+    bool keysHeard_ = false;
     core::DataFolder data_;
     MatchField* field_ = nullptr;
     MatchStrip* strip_ = nullptr;

@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 
-#include "core/Bitmap.h"
 #include "ui/MessageBox.h"
 
 namespace screens {
@@ -21,48 +20,57 @@ core::Canvas plainFigure(QSize size) {
 }
 }  // namespace
 
+bool readPicture(const QString& path, const PictureKind& kind, QImage& image,
+                 core::PictureError* error) {
+    QImage read;
+    if (!core::readBitmap(path, core::largestBitmapFile(kind.largest), read, error)) return false;
+    const QSize size = read.size();
+    if (size.boundedTo(kind.largest) != size || size.expandedTo(kind.smallest) != size) {
+        if (error)
+            *error = {false, QStringLiteral("%1 is %2 to %3 pixels wide and %4 to %5 pixels high, "
+                                            "and this picture is %6 x %7")
+                                 .arg(QLatin1String(kind.name))
+                                 .arg(kind.smallest.width())
+                                 .arg(kind.largest.width())
+                                 .arg(kind.smallest.height())
+                                 .arg(kind.largest.height())
+                                 .arg(size.width())
+                                 .arg(size.height())};
+        return false;
+    }
+    image = read;
+    return true;
+}
+
 game::CharacterArt Pictures::character(const QString& name) {
     const QString stem = QStringLiteral("characters/") + name;
-    return {load(stem + QStringLiteral(".bmp"), true, kCharacterStandIn),
-            {load(stem + QStringLiteral("1.bmp"), true, kCharacterStandIn),
-             load(stem + QStringLiteral("2.bmp"), true, kCharacterStandIn)}};
+    return {load(stem + QStringLiteral(".bmp"), kCharacterPicture, kCharacterStandIn),
+            {load(stem + QStringLiteral("1.bmp"), kCharacterPicture, kCharacterStandIn),
+             load(stem + QStringLiteral("2.bmp"), kCharacterPicture, kCharacterStandIn)}};
 }
 
 core::Canvas Pictures::marker() {
-    return load(QStringLiteral("pIndication.bmp"), false, kMarkerStandIn);
+    return load(QStringLiteral("pIndication.bmp"), kMarkerPicture, kMarkerStandIn);
 }
 
-core::Canvas Pictures::load(const QString& relative, bool character, QSize standInSize) {
+core::Canvas Pictures::load(const QString& relative, const PictureKind& kind, QSize standInSize) {
     const QString path = data_.path(relative);
     QImage image;
     core::PictureError why;
-    if (!core::readBitmap(path, image, &why))
-        return standIn(path, why.missing, why.reason, standInSize);
-    if (character && !game::fitsCharacterLimits(image.width(), image.height()))
-        return standIn(path, false,
-                       QStringLiteral("a character is %1 to %2 pixels wide and %3 to %4 pixels "
-                                      "high, and this picture is %5 x %6")
-                           .arg(game::kSmallestCharacter.width())
-                           .arg(game::kLargestCharacter.width())
-                           .arg(game::kSmallestCharacter.height())
-                           .arg(game::kLargestCharacter.height())
-                           .arg(image.width())
-                           .arg(image.height()),
-                       standInSize);
+    if (!readPicture(path, kind, image, &why)) return standIn(path, why, standInSize);
     return core::Canvas(image);
 }
 
-core::Canvas Pictures::standIn(const QString& path, bool missing, const QString& reason,
-                               QSize size) {
+core::Canvas Pictures::standIn(const QString& path, const core::PictureError& why, QSize size) {
     if (!reported_.contains(path)) {
         reported_.insert(path);
         const QString file = QFileInfo(path).absoluteFilePath();
-        ui::showMessage(missing ? QStringLiteral("The picture \"%1\" is missing. A plain figure "
-                                                 "stands in for it.")
-                                      .arg(file)
-                                : QStringLiteral("The picture \"%1\" cannot be read: %2. A plain "
-                                                 "figure stands in for it.")
-                                      .arg(file, reason),
+        ui::showMessage(why.missing ? QStringLiteral("The picture \"%1\" is missing. A plain "
+                                                     "figure stands in for it.")
+                                          .arg(file)
+                                    : QStringLiteral("The picture \"%1\" cannot be read: %2. A "
+                                                     "plain figure stands in for it.")
+                                          .arg(file, why.reason),
                         QStringLiteral("Grumbo"));
     }
     return plainFigure(size);

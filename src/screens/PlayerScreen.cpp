@@ -9,11 +9,11 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
-#include "core/Bitmap.h"
 #include "core/Numbers.h"
 #include "core/Transparency.h"
 #include "screens/Characters.h"
 #include "screens/FrontEnd.h"
+#include "screens/Pictures.h"
 #include "ui/ArrowControl.h"
 #include "ui/CanvasWidget.h"
 #include "ui/Input.h"
@@ -120,8 +120,8 @@ void PlayerScreen::begin(int players, const std::array<Seat, 4>& seats) {
 void PlayerScreen::showPreview(const QString& character) {
     QImage image;
     core::Canvas picture =
-        core::readBitmap(
-            data_.path(QStringLiteral("characters/") + character + QStringLiteral(".bmp")), image)
+        readPicture(data_.path(QStringLiteral("characters/") + character + QStringLiteral(".bmp")),
+                    kCharacterPicture, image)
             ? core::Canvas(image)
             : core::Canvas(preview->width(), preview->height(), background_);
     core::makeTransparent(picture, [this](int, int) { return background_; });

@@ -3,9 +3,9 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "core/Bitmap.h"
 #include "core/Transparency.h"
 #include "screens/FrontEnd.h"
+#include "screens/Pictures.h"
 #include "ui/Activation.h"
 #include "ui/CanvasWidget.h"
 #include "ui/Fonts.h"
@@ -64,10 +64,10 @@ void TitleScreen::loadDancers() {
         const QString file = QStringLiteral("characters/%1%2.bmp")
                                  .arg(QLatin1String(kDancers[static_cast<std::size_t>(i % 6)]))
                                  .arg(i < 6 ? 1 : 2);
-        // A picture that cannot be read leaves an empty place of the screen's colour, and the
-        // others dance on.
+        // A picture that cannot be read or is no character's leaves an empty place of the
+        // screen's colour, and the others dance on.
         QImage image;
-        core::Canvas picture = core::readBitmap(data_.path(file), image)
+        core::Canvas picture = readPicture(data_.path(file), kCharacterPicture, image)
                                    ? core::Canvas(image)
                                    : core::Canvas(w->width(), w->height());
         core::makeTransparent(picture, [this](int, int) { return background_; });

@@ -55,10 +55,12 @@ int Keyboard::toKey(int qtKey, bool keypad) {
     }
 }
 
-void Keyboard::press(int key) {
+void Keyboard::press(int key, QWidget* window) {
     if (key < 0 || key >= kKeys) return;
-    down_[static_cast<std::size_t>(key)] = true;
-    pressed_[static_cast<std::size_t>(key)] = true;
+    const auto k = static_cast<std::size_t>(key);
+    down_[k] = pressed_[k] = true;
+    inWindow_[k] = window != nullptr;
+    window_[k] = window;
 }
 
 void Keyboard::release(int key) {
@@ -69,6 +71,7 @@ void Keyboard::release(int key) {
 bool Keyboard::pressed(int key) {
     if (key < 0 || key >= kKeys) return false;
     const auto k = static_cast<std::size_t>(key);
+    if (inWindow_[k] && !window_[k]) down_[k] = false;
     const bool result = pressed_[k] && down_[k];
     pressed_[k] = false;
     return result;
@@ -83,7 +86,7 @@ bool Keyboard::eventFilter(QObject* watched, QEvent* event) {
         const int key = toKey(ke->key(), ke->modifiers().testFlag(Qt::KeypadModifier));
         // A held key repeats as a typed one does, so holding an arrow key keeps the thrower
         // flying; the release that the window system sends between two repeats is no release.
-        if (down) press(key);
+        if (down) press(key, static_cast<QWidget*>(watched)->window());
         else if (!ke->isAutoRepeat()) release(key);
     }
     return QObject::eventFilter(watched, event);

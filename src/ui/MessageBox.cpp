@@ -18,7 +18,10 @@ void showMessage(const QString& text, const QString& title) {
         hook()(text);
         return;
     }
-    QMessageBox::warning(nullptr, title, text);
+    // File and character names in the text are shown as they are, never as formatting.
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 }  // namespace ui

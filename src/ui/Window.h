@@ -19,8 +19,11 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 };
 
-// Every window of the program shows the picture in `files` that suits its size best.
+// Every window of the program shows the picture in `files` that suits its size best. Files that
+// are no pictures of an icon's size are left out.
 void setWindowIcon(const QStringList& files);
+// `title` as a window shows it, letter for letter, whatever names it holds.
+QString plainTitle(const QString& title);
 // Deletes every window that is left, owned ones with their owners; call it before the
 // application object goes, which cannot tear down live windows safely.
 void destroyAllWindows();

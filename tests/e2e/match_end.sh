@@ -2,7 +2,8 @@
 # Leaving and finishing a match on the real binary under Xvfb: Escape pauses and "Start Over"
 # goes back to setup; a paused flight lands, after "Resume", where the same seeded throw lands
 # uninterrupted; "\hop fremble" lets the arrow keys fly the thrower; a match to its frag limit,
-# the game-over box five seconds after the final board, the credits, and a second match.
+# the game-over box five seconds after the final board, the credits left with Escape, and a
+# second match that does not open paused.
 # Usage: match_end.sh GAME_BINARY
 set -uo pipefail
 source "$(dirname "$0")/xsession.sh"
@@ -195,11 +196,14 @@ while :; do
     [ $((top + bottom)) -eq 0 ] && [ "$middle" -gt 0 ] && break
 done
 echo "Credits Completed"
-press "$credits" space
+# Escape closes the credits before it comes up again; the next match must not take it for a pause.
+press "$credits" Escape
 wait_window "Grumbo 2 - Kravenmoor"
 wait_gone "Grumbo Credits"
 
 # --- a second match from the title screen ---
 click "$WIN" 286 162  # Start
 setup_and_players
+sleep 1
+box_up && fail "the second match opens paused"
 echo "PASS: pause, resume, start over, flying, the match's end, the credits and a second match"

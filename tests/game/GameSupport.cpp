@@ -7,7 +7,8 @@ namespace testing_support {
 namespace {
 core::Canvas Picture(const QString& relative) {
     QImage image;
-    EXPECT_TRUE(core::readBitmap(QStringLiteral(GRUMBO_DATA_DIR "/") + relative, image))
+    EXPECT_TRUE(core::readBitmap(QStringLiteral(GRUMBO_DATA_DIR "/") + relative,
+                                 core::largestBitmapFile(game::kLargestCharacter), image))
         << relative.toStdString();
     return core::Canvas(image);
 }
