@@ -121,7 +121,8 @@ TEST_F(Seats, OnTheComputersTurnTheStripShowsItsTypingAndOnlyItThrows) {
 TEST_F(Seats, AMatchOfComputersCanBePausedLeftOrClosedAtAnyMoment) {
     // Closed, or paused and started over, a different moment each time: typing, flying, exploding,
     // dancing, on the final board.
-    for (int at = 500; at < 40000; at += 4900) {
+    for (int i = 0; i < 9; ++i) {
+        const int at = 500 + 4900 * i;
         SCOPED_TRACE(testing::Message() << at << " ms into the match");
         screens::PlayerScreen& p = ToPlayers({game::Skill::Hard, game::Skill::Hard});
         p.next();
@@ -129,7 +130,7 @@ TEST_F(Seats, AMatchOfComputersCanBePausedLeftOrClosedAtAnyMoment) {
         ASSERT_TRUE(flow->match());
         quits = 0;
         clock.advance(at);
-        if (at % 2 == 0) {
+        if (i % 2 == 0) {
             flow->match()->close();
             clock.advance(50);
             EXPECT_EQ(quits, 1);
