@@ -15,10 +15,4 @@ QLabel* makeLabel(QWidget* parent, int left, int top, int width, int height, con
     return l;
 }
 
-void setLabelColour(QLabel* label, const QColor& text) {
-    QPalette p = label->palette();
-    p.setColor(QPalette::WindowText, text);
-    label->setPalette(p);
-}
-
 }  // namespace ui

@@ -1,6 +1,6 @@
 #pragma once
 // Plain text labels at fixed places.
-#include <QColor>
+#include <Qt>
 #include <QString>
 
 class QLabel;
@@ -12,6 +12,5 @@ namespace ui {
 // its text.
 QLabel* makeLabel(QWidget* parent, int left, int top, int width, int height, const QString& text,
                   Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter);
-void setLabelColour(QLabel* label, const QColor& text);
 
 }  // namespace ui
