@@ -19,7 +19,6 @@ class CreditsScreen : public ui::Window {
 public:
     explicit CreditsScreen(const core::DataFolder& data);
     const core::Canvas& buffer() const { return buffer_; }
-    const core::Canvas& screen() const;
     bool completed() const { return !scrolling_.enabled(); }
 
     // Space, Enter or Escape.

@@ -30,6 +30,5 @@ void LoadingBox::showState(const game::Loading& state) {
 }
 
 QString LoadingBox::status() const { return status_->text(); }
-int LoadingBox::progress() const { return bar_->value(); }
 
 }  // namespace screens

@@ -14,7 +14,6 @@ public:
     explicit LoadingBox(QWidget* owner);
     void showState(const game::Loading& state);
     QString status() const;
-    int progress() const;
 
 private:
     QLabel* status_ = nullptr;
