@@ -41,7 +41,6 @@ CreditsScreen::CreditsScreen(const core::DataFolder& data)
     scrolling_.setEnabled(true);
 }
 
-
 void CreditsScreen::readCredits(const core::DataFolder& data) {
     // A missing or unusable file scrolls like an empty one: nothing but the black margin, then
     // the end of the credits.

@@ -1,7 +1,7 @@
 #pragma once
 // Plain text labels at fixed places.
-#include <Qt>
 #include <QString>
+#include <Qt>
 
 class QLabel;
 class QWidget;
