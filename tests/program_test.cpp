@@ -1,11 +1,13 @@
 // The program's own surroundings: its command line, where it finds its data, how large it draws.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
 #include <sstream>
 #include <vector>
 
+#include "TestSupport.h"
 #include "app/CommandLine.h"
 #include "core/DataFolder.h"
 #include "ui/Display.h"
@@ -89,4 +91,15 @@ TEST(DataFolder, BesideTheProgramFirstThenTheInstalledShareFolder) {
     const QString bare = root.path() + QStringLiteral("/bare/bin");
     EXPECT_EQ(core::DataFolder::forProgram(bare).root(), bare)
         << "nothing anywhere: the program's own folder";
+}
+
+using ProgramWindows = testing_support::ScreensTest;
+
+TEST_F(ProgramWindows, KeepTheirSize) {
+    StartProgram().title()->start();
+    QStringList resizable;
+    for (const QWidget* w : QApplication::topLevelWidgets())
+        if (w->isVisible() && w->minimumSize() != w->maximumSize()) resizable << w->windowTitle();
+    EXPECT_EQ(resizable, QStringList());
+    EXPECT_FALSE(VisibleWindows().isEmpty());
 }

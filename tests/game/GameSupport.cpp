@@ -11,12 +11,22 @@ core::Canvas Picture(const QString& relative) {
         << relative.toStdString();
     return core::Canvas(image);
 }
-}  // namespace
 
+// The art of a shipped character, from the source tree's data folder.
 game::CharacterArt ShippedArt(const QString& character) {
     const QString stem = QStringLiteral("characters/") + character;
     return {Picture(stem + QStringLiteral(".bmp")),
             {Picture(stem + QStringLiteral("1.bmp")), Picture(stem + QStringLiteral("2.bmp"))}};
+}
+}  // namespace
+
+game::CharacterArt Resized(const game::CharacterArt& art, int width, int height) {
+    const auto resized = [&](const core::Canvas& c) {
+        core::Canvas r(width, height);
+        r.blit(c, 0, 0);
+        return r;
+    };
+    return {resized(art.standing), {resized(art.poses[0]), resized(art.poses[1])}};
 }
 
 game::MatchSetup ShippedSetup(int players, std::uint64_t seed) {
