@@ -1,9 +1,12 @@
-// Pictures are read whole or refused with a reason, and a match started with a broken, missing or
-// wrongly sized character picture says which file cannot be used and plays on with a stand-in.
+// Pictures are read whole or refused with a reason; a match started with a broken, missing or
+// wrongly sized picture says which file cannot be used and plays on with a stand-in; and only
+// pure white shows what lies behind a picture.
 #include "screens/Pictures.h"
 
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <climits>
 #include <functional>
@@ -12,6 +15,9 @@
 
 #include "TestSupport.h"
 #include "core/Bitmap.h"
+#include "core/Transparency.h"
+#include "screens/MatchField.h"
+#include "screens/MatchStrip.h"
 
 using namespace testing_support;
 
@@ -25,19 +31,16 @@ constexpr qint64 kAnyFile = core::largestBitmapFile({core::kMaxPictureSide, core
 // and packs its pixels from the top bit of each byte down.
 QByteArray Bmp(int w, int h, const std::vector<QRgb>& px, int bits = 24, bool topDown = false) {
     std::vector<QRgb> table;
-    if (bits <= 8)
-        for (QRgb c : px)
-            if (std::find(table.begin(), table.end(), c) == table.end()) table.push_back(c);
+    for (QRgb c : px)
+        if (bits <= 8 && std::find(table.begin(), table.end(), c) == table.end())
+            table.push_back(c);
     const int stride = (w * bits + 31) / 32 * 4;
     const int offset = 54 + 4 * static_cast<int>(table.size());
     QByteArray b("BM");
     const auto put = [&](qint64 v, int n) {
         for (int i = 0; i < n; ++i) b.append(static_cast<char>(v >> (8 * i)));
     };
-    put(offset + stride * h, 4);
-    put(0, 4);
-    put(offset, 4);
-    for (qint64 v : {40, w, topDown ? -h : h}) put(v, 4);
+    for (qint64 v : {offset + stride * h, 0, offset, 40, w, topDown ? -h : h}) put(v, 4);
     put(1, 2);
     put(bits, 2);
     for (qint64 v : {0, stride * h, 2835, 2835, static_cast<int>(table.size()), 0}) put(v, 4);
@@ -84,7 +87,6 @@ void Write(const QString& path, const QByteArray& bytes) {
 }
 
 }  // namespace
-
 TEST(Bitmap, ReadsEveryPixelAtEachDepthInEitherRowOrder) {
     QTemporaryDir dir;
     // Three pixels a row, so that rows need padding; two colours where one bit holds a pixel.
@@ -127,12 +129,8 @@ TEST(Bitmap, RefusesWhatItCannotReadWholeAndSaysWhy) {
         const char* reason;
     } cases[] = {
         {figure, [](QByteArray& b) { b.truncate(b.size() / 2); }, "cut short"},
-        {figure,
-         [](QByteArray& b) {
-             Set(b, 2, 0);  // no length in the header, and the last byte gone
-             b.chop(1);
-         },
-         "cut short"},
+        // No length in the header, and the last byte gone.
+        {figure, [](QByteArray& b) { Set(b, 2, 0), b.chop(1); }, "cut short"},
         {figure, [](QByteArray& b) { Set(b, 2, b.size() + 1); }, "cut short"},
         {figure, patch(22, -100000), "size of 44 x -100000"},
         {figure, patch(18, 0), "size of 0 x 70"},
@@ -193,8 +191,6 @@ protected:
 TEST_F(BrokenPictures, AreNamedOnceARunAndAStandInPlays) {
     QByteArray truncated = Figure(44, 70);
     truncated.truncate(truncated.size() / 2);
-    QByteArray upsideDownAndHuge = Figure(44, 70);
-    Set(upsideDownAndHuge, 22, -100000);
     const struct {
         QByteArray standing;
         const char* message;  // what the message says of the file; none when nothing is wrong
@@ -202,11 +198,10 @@ TEST_F(BrokenPictures, AreNamedOnceARunAndAStandInPlays) {
         QByteArray marker{};
     } cases[] = {
         {truncated, "cannot be read: the file is cut"},
-        {upsideDownAndHuge, "cannot be read: its header gives it a size of 44 x -100000 pixels"},
         {Figure(3000, 3000), "cannot be read: it is larger than"},
         {Figure(81, 70),
-         "cannot be read: a character is 30 to 80 pixels wide and 35 to 150 pixels high, and this "
-         "picture is 81 x 70"},
+         "cannot be read: a character is 30 to 80 pixels wide and 35 to 150 pixels high, and "
+         "this picture is 81 x 70"},
         {Figure(29, 70), "this picture is 29 x 70"},
         {Figure(44, 151), "this picture is 44 x 151"},
         {Figure(44, 34), "this picture is 44 x 34"},
@@ -237,4 +232,44 @@ TEST_F(BrokenPictures, AreNamedOnceARunAndAStandInPlays) {
         pictures.marker();
         EXPECT_EQ(messages.size(), c.message ? 1 : 0) << messages.join('\n').toStdString();
     }
+}
+
+TEST(SeeThrough, OnlyPureWhiteInsideTheRoundedRectangleTakesWhatLiesBehind) {
+    core::Canvas picture(4, 3);
+    const core::Colour nearWhite(254, 255, 255), alsoNear(255, 255, 254);
+    picture.setPixel(1, 1, nearWhite);
+    picture.setPixel(2, 1, alsoNear);
+    // Columns 0.5 to 2.5 are 0 to 2, rows 0 to 1.5 are 0 to 2: ties round to even.
+    core::makeTransparent(picture, 0.5f, 0, 2.5f, 1.5f,
+                          [](int x, int y) { return core::Colour(x, y, 9); });
+    EXPECT_EQ(picture.point(0, 0), core::Colour(0, 0, 9));
+    EXPECT_EQ(picture.point(2, 2), core::Colour(2, 2, 9));
+    EXPECT_EQ(picture.point(3, 0), core::kWhite);
+    EXPECT_EQ(picture.point(1, 1), nearWhite);
+    EXPECT_EQ(picture.point(2, 1), alsoNear);
+}
+
+using SeeThroughField = ScreensTest;
+
+TEST_F(SeeThroughField, TheThrowerHidesAProjectileFallingPastHim) {
+    screens::MatchView view(CalmSetup(), sound, keys, ShippedData());
+    view.showCentred();
+    const game::Match& m = view.match();
+    clock.runUntil([&] { return m.phase() == game::Phase::Aiming; }, 5000);
+    view.strip()->angleBox()->setText(QStringLiteral("90"));
+    view.strip()->velocityBox()->setText(QStringLiteral("0"));
+    view.strip()->throwButton()->click();
+    // Straight down from his hand, through him, onto his roof.
+    int hidden = 0;
+    for (int tick = 0; tick < 100 && m.projectile().shown; ++tick) {
+        clock.advance(m.flightTickMs());
+        const QImage shot = view.field()->grab().toImage();
+        const game::Figure& f = m.figure(0);
+        const QRect overlap = f.rect() & m.projectile().rect();
+        for (int y = overlap.top(); y <= overlap.bottom(); ++y)
+            for (int x = overlap.left(); x <= overlap.right(); ++x, ++hidden)
+                ASSERT_EQ(core::Colour::fromRgb(shot.pixel(x, y)),
+                          f.canvas().point(x - f.pos.x(), y - f.pos.y()));
+    }
+    EXPECT_GT(hidden, 0);
 }

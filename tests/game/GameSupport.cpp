@@ -20,6 +20,15 @@ game::CharacterArt ShippedArt(const QString& character) {
             {Picture(stem + QStringLiteral("1.bmp")), Picture(stem + QStringLiteral("2.bmp"))}};
 }
 
+game::CharacterArt Resized(const game::CharacterArt& art, int width, int height) {
+    const auto resized = [&](const core::Canvas& c) {
+        core::Canvas r(width, height);
+        r.blit(c, 0, 0);
+        return r;
+    };
+    return {resized(art.standing), {resized(art.poses[0]), resized(art.poses[1])}};
+}
+
 game::MatchSetup ShippedSetup(int players, std::uint64_t seed) {
     static const char* const kCharacters[4] = {"Classic Grumbo", "Rapper Grumbo", "Robo Grumbo",
                                                "Suit Grumbo"};

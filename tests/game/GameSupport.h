@@ -13,6 +13,8 @@ namespace testing_support {
 
 // The art of a shipped character, from the source tree's data folder.
 game::CharacterArt ShippedArt(const QString& character);
+// `art` with every picture cut to, or widened with white to, `width` x `height`.
+game::CharacterArt Resized(const game::CharacterArt& art, int width, int height);
 // Two or four players named "Player 1" to "Player 4" with shipped characters, music off.
 game::MatchSetup ShippedSetup(int players = 2, std::uint64_t seed = 42);
 // The same in a calm city: no wind blows a projectile off its way.

@@ -1,11 +1,15 @@
-// The rules that are tables and formulas, each row reported on its own: the flight, the field's
-// edges, the magnetic pull, points, accuracy, special projectiles, the wind, the calibration.
+// The rules that are tables and formulas, each row reported under its own name: the flight, the
+// field's edges, the magnetic pull, points, accuracy, special projectiles, the wind, the
+// calibration and what the aiming boxes let through.
 #include <gtest/gtest.h>
+
+#include <string_view>
 
 #include "core/Random.h"
 #include "game/Calibration.h"
 #include "game/Field.h"
 #include "game/Flight.h"
+#include "game/Match.h"
 #include "game/Scoring.h"
 #include "game/Wind.h"
 
@@ -14,10 +18,12 @@ using namespace game;
 namespace {
 
 struct FlightRow {
+    const char* name;
     int angle, velocity, ticks;
     double drift;
     QPoint expected;  // relative to the hand
 };
+void PrintTo(const FlightRow& r, std::ostream* os) { *os << r.name; }
 class FlightRows : public testing::TestWithParam<FlightRow> {};
 
 TEST_P(FlightRows, PositionInClosedForm) {
@@ -29,116 +35,108 @@ TEST_P(FlightRows, PositionInClosedForm) {
 INSTANTIATE_TEST_SUITE_P(
     Rules, FlightRows,
     testing::Values(
-        // 45 degrees at 50: both components 35; after 10 ticks 30 up and 35 across.
-        FlightRow{45, 50, 10, 0, {35, -30}}, FlightRow{45, 50, 71, 0, {248, -1}},
-        // After 72 ticks the projectile is below where it left the hand, 252 across.
-        FlightRow{45, 50, 72, 0, {252, 3}},
+        // 45 degrees at 50: both components 35.
+        FlightRow{"45 at 50 after 10 ticks", 45, 50, 10, 0, {35, -30}},
+        FlightRow{"45 at 50 after 71 ticks", 45, 50, 71, 0, {248, -1}},
+        FlightRow{"45 at 50 after 72 ticks below the hand", 45, 50, 72, 0, {252, 3}},
         // A right-side 45 is 135: the floor of -35.36 is -36.
-        FlightRow{135, 50, 10, 0, {-36, -30}},
-        // Straight up with nothing: it only falls.
-        FlightRow{90, 0, 30, 0, {0, 45}},
+        FlightRow{"135 at 50 floors to -36", 135, 50, 10, 0, {-36, -30}},
+        FlightRow{"straight up at 0 only falls", 90, 0, 30, 0, {0, 45}},
         // A wind of 0.5 to the right: 5 after 10 ticks shifts 5, 15 after 30 ticks shifts 45.
-        FlightRow{90, 0, 10, 5, {5, 5}}, FlightRow{90, 0, 30, 15, {45, 45}}));
+        FlightRow{"drift 5 after 10 ticks", 90, 0, 10, 5, {5, 5}},
+        FlightRow{"drift 15 after 30 ticks", 90, 0, 30, 15, {45, 45}}));
 
-TEST(Rules, AnglesCountFromTheThrowersForwardDirection) {
+TEST(Rules, AnglesCountFromTheThrowersForwardDirectionAndTheFieldHasMargins) {
     EXPECT_EQ(throwAngle(45, false), 45);
-    EXPECT_EQ(throwAngle(45, true), 135);
-    EXPECT_EQ(throwAngle(0, true), 180);
-    EXPECT_EQ(throwAngle(90, true), 90);
-    EXPECT_EQ(throwAngle(999, true), -819);
-}
-
-TEST(Rules, TheProjectileIsGoneOnlyPastTheFieldsMargins) {
-    EXPECT_FALSE(offField(762, 0));
-    EXPECT_TRUE(offField(763, 0));
-    EXPECT_FALSE(offField(-40, 0));
-    EXPECT_TRUE(offField(-41, 0));
-    EXPECT_FALSE(offField(0, 486));
-    EXPECT_TRUE(offField(0, 487));
-    EXPECT_FALSE(offField(0, -1800));
-    EXPECT_TRUE(offField(0, -1801));
+    EXPECT_EQ(throwAngle(999, true), -819) << "180 - 999, mirrored for the right side";
+    for (const auto& [left, top] : {std::pair(762, 0), {-40, 0}, {0, 486}, {0, -1800}})
+        EXPECT_FALSE(offField(left, top)) << left << ", " << top;
+    for (const auto& [left, top] : {std::pair(763, 0), {-41, 0}, {0, 487}, {0, -1801}})
+        EXPECT_TRUE(offField(left, top)) << left << ", " << top;
 }
 
 struct PullRow {
-    const char* what;
+    const char* name;
     QPoint projectile;  // top-left of a 10 x 10 projectile
     double pullX, pullY;
     double expectX, expectY;
 };
+void PrintTo(const PullRow& r, std::ostream* os) { *os << r.name; }
 class PullRows : public testing::TestWithParam<PullRow> {};
 
 // Player 1 (left 500, top 300, 40 wide) is the only one who can pull; player 0 throws.
 TEST_P(PullRows, ZonesOfPlayerOne) {
     const PullRow& r = GetParam();
-    Flight f;
-    f.pullX = r.pullX;
-    f.pullY = r.pullY;
+    Flight f{{}, 0, 0, 0, 0, r.pullX, r.pullY};
     pullTowardsCharacters(f, QRect(r.projectile, QSize(10, 10)),
                           {QRect(80, 300, 40, 60), QRect(500, 300, 40, 60)}, 0);
-    EXPECT_NEAR(f.pullX, r.expectX, 1e-9) << r.what;
-    EXPECT_NEAR(f.pullY, r.expectY, 1e-9) << r.what;
+    EXPECT_NEAR(f.pullX, r.expectX, 1e-9);
+    EXPECT_NEAR(f.pullY, r.expectY, 1e-9);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Rules, PullRows,
-    testing::Values(PullRow{"60 above: too high", {470, 240}, 0, 0, 0, 0},
-                    PullRow{"40 above, inside the left zone", {456, 260}, 0, 0, 0.7, 0},
-                    PullRow{"the left zone's outer end is excluded", {455, 260}, 0, 0, 0, 0},
-                    PullRow{"the left zone's inner end is excluded", {510, 260}, 0, 0, 0, 0},
+    testing::Values(PullRow{"60 above is too high", {470, 240}, 0, 0, 0, 0},
+                    PullRow{"40 above inside the left zone", {456, 260}, 0, 0, 0.7, 0},
+                    PullRow{"the left zone's outer end", {455, 260}, 0, 0, 0, 0},
+                    PullRow{"the left zone's inner end", {510, 260}, 0, 0, 0, 0},
                     PullRow{"an opposing pull is reset first", {470, 260}, -2.1, 0, 0.7, 0},
                     PullRow{"the right zone pulls left", {570, 260}, 0.7, 0, -0.7, 0},
-                    PullRow{"30 above: no lift", {470, 270}, 0, 0, 0.7, 0},
-                    PullRow{"29 above: lift", {470, 271}, 0, -0.4, 0.7, 0.2},
+                    PullRow{"30 above gets no lift", {470, 270}, 0, 0, 0.7, 0},
+                    PullRow{"29 above gets lift", {470, 271}, 0, -0.4, 0.7, 0.2},
                     PullRow{"the thrower never pulls", {60, 300}, 0, 0, 0, 0}));
 
-TEST(Rules, OnlyTheFirstCharacterInRangePullsAndPullGrowsTick) {
+TEST(Rules, OnlyTheFirstCharacterInRangePullsAndThePullGrowsEveryTick) {
+    // The projectile is in the left zone of player 2 and in the right zone of player 3.
     Flight f;
     const std::vector<QRect> team{
-        {0, 300, 40, 60}, {100, 300, 40, 60}, {600, 300, 40, 60}, {640, 300, 40, 60}};
-    for (int tick = 0; tick < 10; ++tick) pullTowardsCharacters(f, {600, 280, 10, 10}, team, 0);
-    EXPECT_NEAR(f.pullX, 7.0, 1e-9) << "players 2 and 3 both in range, only 2 pulls";
-    // At three time units the pull of 7 has moved it 21 pixels further right.
+        {0, 300, 40, 60}, {100, 300, 40, 60}, {600, 300, 40, 60}, {560, 300, 40, 60}};
+    for (int tick = 0; tick < 10; ++tick) pullTowardsCharacters(f, {585, 280, 10, 10}, team, 0);
+    EXPECT_NEAR(f.pullX, 7.0, 1e-9) << "only player 2 pulls";
+    // At three time units the pull of 7 has moved it 21 pixels.
     Flight still{{0, 0}, 0, 0, 30, 0, 0, 0};
     Flight pulled = still;
     pulled.pullX = f.pullX;
     EXPECT_EQ(flightPosition(pulled, 9.8).x() - flightPosition(still, 9.8).x(), 21);
 }
 
-struct PointsRow {
+struct NearMissRow {
+    const char* name;
     GameType type;
-    int impactX;
+    int thrower, impactX;
     std::array<int, 4> centres;
     std::optional<int> points;
 };
-class NearMissRows : public testing::TestWithParam<PointsRow> {};
+void PrintTo(const NearMissRow& r, std::ostream* os) { *os << r.name; }
+class NearMissRows : public testing::TestWithParam<NearMissRow> {};
 
 TEST_P(NearMissRows, FallWithTheDistanceToTheEnemy) {
-    const PointsRow& r = GetParam();
-    EXPECT_EQ(nearMissPoints(r.type, 0, r.impactX, r.centres), r.points);
+    const NearMissRow& r = GetParam();
+    EXPECT_EQ(nearMissPoints(r.type, r.thrower, r.impactX, r.centres), r.points);
 }
 
+constexpr auto k1v1 = GameType::OneVsOne, k2v2 = GameType::TwoVsTwo;
 INSTANTIATE_TEST_SUITE_P(
     Rules, NearMissRows,
-    testing::Values(PointsRow{GameType::OneVsOne, 296, {0, 300}, std::nullopt},
-                    PointsRow{GameType::OneVsOne, 295, {0, 300}, 20000},
+    testing::Values(NearMissRow{"4 px away earns nothing", k1v1, 0, 296, {0, 300}, std::nullopt},
+                    NearMissRow{"5 px away", k1v1, 0, 295, {0, 300}, 20000},
                     // The fractional quotient counts: 1000 / 7 x 100, not 142 x 100.
-                    PointsRow{GameType::OneVsOne, 293, {0, 300}, 14285},
-                    PointsRow{GameType::OneVsOne, 350, {0, 300}, 2000},
-                    PointsRow{GameType::OneVsOne, 800, {0, 300}, 200},
-                    PointsRow{GameType::TwoVsTwo, 300, {0, 0, 305, 304}, std::nullopt},
-                    PointsRow{GameType::TwoVsTwo, 300, {0, 0, 400, 600}, 500}));
+                    NearMissRow{"7 px away", k1v1, 0, 293, {0, 300}, 14285},
+                    NearMissRow{"50 px away", k1v1, 0, 350, {0, 300}, 2000},
+                    NearMissRow{"500 px away from player 1", k1v1, 1, 800, {300, 0}, 200},
+                    NearMissRow{"teams 5 and 4 px", k2v2, 0, 300, {0, 0, 305, 304}, std::nullopt},
+                    NearMissRow{"teams 100 and 300 px", k2v2, 0, 300, {0, 0, 400, 600}, 500},
+                    NearMissRow{"teams from player 2", k2v2, 1, 300, {0, 0, 400, 600}, 500},
+                    NearMissRow{"teams from player 4", k2v2, 3, 300, {400, 600, 0, 0}, 500}));
 
-TEST(Rules, HitPointsGoByTheSides) {
-    EXPECT_EQ(hitPoints(GameType::OneVsOne, 0, 1), kEnemyHitPoints);
-    EXPECT_EQ(hitPoints(GameType::OneVsOne, 0, 0), kFriendlyHitPoints);
-    EXPECT_EQ(hitPoints(GameType::OneVsOne, 1, 0), kEnemyHitPoints);
-    EXPECT_EQ(hitPoints(GameType::TwoVsTwo, 0, 1), kFriendlyHitPoints);
-    EXPECT_EQ(hitPoints(GameType::TwoVsTwo, 1, 2), kEnemyHitPoints);
-    EXPECT_EQ(hitPoints(GameType::TwoVsTwo, 2, 3), kFriendlyHitPoints);
-    EXPECT_EQ(hitPoints(GameType::TwoVsTwo, 3, 0), kEnemyHitPoints);
-}
-
-TEST(Rules, AccuracyIsRoundedDownAndZeroWithoutFrags) {
+TEST(Rules, HitPointsGoByTheSidesAndAccuracyIsRoundedDown) {
+    const struct {
+        GameType type;
+        int thrower, hit, points;
+    } hits[] = {{k1v1, 0, 1, 25000}, {k1v1, 0, 0, -5000}, {k1v1, 1, 0, 25000}, {k2v2, 0, 1, -5000},
+                {k2v2, 1, 2, 25000}, {k2v2, 2, 3, -5000}, {k2v2, 3, 0, 25000}};
+    for (const auto& h : hits)
+        EXPECT_EQ(hitPoints(h.type, h.thrower, h.hit), h.points) << h.thrower << " hits " << h.hit;
     EXPECT_EQ(accuracyText(0, 5), "0 %");
     EXPECT_EQ(accuracyText(2, 3), "40 %");
     EXPECT_EQ(accuracyText(1, 2), "33 %");
@@ -147,10 +145,12 @@ TEST(Rules, AccuracyIsRoundedDownAndZeroWithoutFrags) {
 }
 
 struct AwardRow {
+    const char* name;
     int wasted;
     double kindDraw, chanceDraw;
     std::optional<ProjectileKind> award;
 };
+void PrintTo(const AwardRow& r, std::ostream* os) { *os << r.name; }
 class AwardRows : public testing::TestWithParam<AwardRow> {};
 
 TEST_P(AwardRows, ShrinkWithWastedThrows) {
@@ -165,86 +165,58 @@ TEST_P(AwardRows, ShrinkWithWastedThrows) {
 
 INSTANTIATE_TEST_SUITE_P(
     Rules, AwardRows,
-    testing::Values(AwardRow{0, 0.5, 0.0, ProjectileKind::War},
-                    AwardRow{0, 0.0, 0.0, ProjectileKind::Nuke},
-                    AwardRow{1, 0.9, 0.23, ProjectileKind::Magnetic},  // 3 of 1..9 beats 2
-                    AwardRow{1, 0.9, 0.2, std::nullopt},
-                    AwardRow{3, 0.0, 0.45, ProjectileKind::Nuke},  // 5 beats 4
-                    AwardRow{3, 0.0, 0.44, std::nullopt}, AwardRow{4, 0.0, 0.99, std::nullopt}));
+    testing::Values(AwardRow{"no waste, war", 0, 0.5, 0.0, ProjectileKind::War},
+                    AwardRow{"no waste, nuke", 0, 0.0, 0.0, ProjectileKind::Nuke},
+                    AwardRow{"1 wasted, 3 beats 2", 1, 0.9, 0.23, ProjectileKind::Magnetic},
+                    AwardRow{"1 wasted, 2 does not", 1, 0.9, 0.2, std::nullopt},
+                    AwardRow{"3 wasted, 5 beats 4", 3, 0.0, 0.45, ProjectileKind::Nuke},
+                    AwardRow{"3 wasted, 4 does not", 3, 0.0, 0.44, std::nullopt},
+                    AwardRow{"4 wasted never", 4, 0.0, 0.99, std::nullopt}));
 
-struct ArrowRow {
-    double strength;
-    WindDirection direction;
-    int leftmost, rightmost;  // of the arrow's middle row
-    const char* label;
-};
-class ArrowRows : public testing::TestWithParam<ArrowRow> {};
+using enum WindDirection;
 
-TEST_P(ArrowRows, GrowsTwoPixelsEachSideEveryTwoHundredths) {
-    const ArrowRow& r = GetParam();
-    core::Canvas box(kWindBox.width(), kWindBox.height(), core::kBlack);
-    drawWindArrow(box, {r.strength, r.direction});
-    int left = -1, right = -1;
-    for (int x = 0; x < box.width(); ++x)
-        if (box.point(x, 6) == kWindColour) {
-            if (left < 0) left = x;
-            right = x;
-        }
-    EXPECT_EQ(left, r.leftmost);
-    EXPECT_EQ(right, r.rightmost);
-    EXPECT_EQ(windText({r.strength, r.direction}), r.label);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rules, ArrowRows,
-    testing::Values(ArrowRow{0, WindDirection::Right, 40, 46, "0 pps"},
-                    ArrowRow{0.01, WindDirection::Left, 38, 43, "1 pps"},
-                    ArrowRow{0.03, WindDirection::Right, 38, 48, "3 pps"},
-                    ArrowRow{0.05, WindDirection::Right, 36, 50, "5 pps"},
-                    ArrowRow{0.21, WindDirection::Left, 18, 63, "21 pps"},
-                    // The largest wind the box is laid out for spans x = 2 to 82.
-                    ArrowRow{0.36, WindDirection::Left, 2, 79, "36 pps"},
-                    ArrowRow{0.36, WindDirection::Right, 4, 82, "36 pps"},
-                    // Before the first wind of the program the arrow has no head.
-                    ArrowRow{0.21, WindDirection::None, 20, 63, "21 pps"}));
-
-TEST(Rules, WindDrawsItsDirectionFirstAndIsCalmWithoutExtremity) {
+TEST(Rules, WindDrawsDirectionThenStrengthAndGustsNeverCalm) {
     core::Random random;
     random.queue({0.6, 0.5});
     const Wind w = roundWind(random, 20);
-    EXPECT_EQ(w.direction, WindDirection::Right);
+    EXPECT_EQ(w.direction, Right);
     EXPECT_DOUBLE_EQ(w.strength, 0.11);
     EXPECT_DOUBLE_EQ(w.drift(), 0.11);
     random.queue({0.2, 0.9});
     const Wind calm = roundWind(random, 0);
-    EXPECT_EQ(calm.direction, WindDirection::Left);
+    EXPECT_EQ(calm.direction, Left);
     EXPECT_EQ(calm.strength, 0);
     EXPECT_EQ(random.next(), 0.9) << "no strength drawn";
     // A gust draws the strength first, and gives 0.01 even without extremity.
     random.queue({0.7, 0.1});
     const Wind g = gust(calm, random, 0);
     EXPECT_DOUBLE_EQ(g.strength, 0.01);
-    EXPECT_EQ(g.direction, WindDirection::Left);
+    EXPECT_EQ(g.direction, Left);
     EXPECT_DOUBLE_EQ(g.drift(), -0.01);
+    // A wind without a direction keeps none and draws none.
+    random.queue({0.999, 0.3});
+    const Wind still = gust({}, random, 35);
+    EXPECT_DOUBLE_EQ(still.strength, 0.36);
+    EXPECT_EQ(still.direction, None);
+    EXPECT_EQ(random.next(), 0.3);
 }
 
-struct CalibrationRow {
-    int areaWidth, ticks, tickMs;
-};
-class CalibrationRows : public testing::TestWithParam<CalibrationRow> {};
-
-TEST_P(CalibrationRows, TheFlightTickFollowsTheTestsLength) {
-    const CalibrationRow& r = GetParam();
-    EXPECT_EQ(calibration::testTicks(r.areaWidth), r.ticks);
-    EXPECT_EQ(calibration::flightTickMs(r.ticks), r.tickMs);
+TEST(Rules, TheFlightTickFollowsTheLengthOfTheTestThrow) {
+    // The area's width, the ticks the test takes, and the flight tick worked out from them.
+    for (const auto& [width, ticks, tickMs] :
+         {std::tuple(101, 30, 32), {126, 38, 26}, {130, 40, 24}, {133, 40, 24}}) {
+        EXPECT_EQ(calibration::testTicks(width), ticks) << width << " pixels";
+        EXPECT_EQ(calibration::flightTickMs(ticks), tickMs) << width << " pixels";
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rules, CalibrationRows,
-                         testing::Values(CalibrationRow{101, 30, 32}, CalibrationRow{126, 38, 26},
-                                         CalibrationRow{130, 40, 24}, CalibrationRow{133, 40, 24}));
-
-TEST(Rules, CalibrationReportsInPlainNumbers) {
-    EXPECT_EQ(calibration::report(30), "Test completed in 720 ms, adjusted timers to 32");
+TEST(Rules, TheAimingBoxesTakeDigitsAndControlCharactersOnly) {
+    // Backspace, Tab, Enter, Ctrl+V and the last control character pass, as do the digits.
+    for (char16_t c : std::u16string_view(u"\b\t\r\x16\x1F"
+                                          u"0123456789"))
+        EXPECT_TRUE(aimingAccepts(c)) << int(c);
+    for (char16_t c : std::u16string_view(u" -./:a\x7F\u0660\uFF10\u8000\uFFFF"))
+        EXPECT_FALSE(aimingAccepts(c)) << int(c);
 }
 
 }  // namespace
