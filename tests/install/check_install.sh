@@ -15,14 +15,10 @@ fail() {
     failures=$((failures + 1))
 }
 
-# The data must lie where the program looks for it from its own folder.
+# The data must lie where the program looks for it from its own folder, all of it.
 check_program_and_data() {  # LAYOUT BIN_FOLDER DATA_FOLDER
-    local layout=$1 bin=$2 data=$3
+    local layout=$1 bin=$2 data=$3 expected installed
     [ -x "$bin/grumbo2" ] || fail "$layout: no program ${bin#"$root"/}/grumbo2"
-    for folder in characters sounds midi; do
-        [ -n "$(ls -A "$data/$folder" 2>/dev/null)" ] || fail "$layout: no data folder ${data#"$root"/}/$folder"
-    done
-    local expected installed
     expected=$(cd "$source_data" && find . -type f | sort)
     installed=$(cd "$data" 2>/dev/null && find . -type f | sort)
     [ "$expected" = "$installed" ] || {
@@ -46,57 +42,40 @@ check_program_and_data "own prefix" "$bin" "$share/grumbo2"
 
 # The menu entry: valid, and naming a program and an icon that are installed.
 desktop=$share/applications/grumbo2.desktop
-if [ -f "$desktop" ]; then
-    report=$(desktop-file-validate "$desktop" 2>&1) && ! grep -q -e error -e warning <<<"$report" ||
-        fail "desktop-file-validate: $report"
-    exec_name=$(sed -n 's/^Exec=\([^ ]*\).*/\1/p' "$desktop")
-    [ -n "$exec_name" ] && [ -x "$bin/$exec_name" ] || fail "Exec=$exec_name is not in bin/"
-    icon=$(sed -n 's/^Icon=//p' "$desktop")
-else
-    fail "no share/applications/grumbo2.desktop"
-    icon=grumbo2
-fi
+report=$(desktop-file-validate "$desktop" 2>&1) && ! grep -q -e error -e warning <<<"$report" ||
+    fail "desktop-file-validate: $report"
+exec_name=$(sed -n 's/^Exec=\([^ ]*\).*/\1/p' "$desktop" 2>/dev/null)
+[ -n "$exec_name" ] && [ -x "$bin/$exec_name" ] || fail "Exec=$exec_name is not in bin/"
+icon=$(sed -n 's/^Icon=//p' "$desktop" 2>/dev/null)
 
-# Every size a desktop asks for, in the hicolor theme, really that many pixels square.
+# Every size a desktop asks for, in the hicolor theme, really a PNG that many pixels square.
 png_size() {  # prints "WIDTH HEIGHT" of a PNG, nothing for another kind of file
     local b
-    read -r -a b < <(od -An -tu1 -w24 -N24 "$1")
+    read -r -a b < <(od -An -tu1 -w24 -N24 "$1" 2>/dev/null)
     [ "${#b[@]}" -eq 24 ] && [ "${b[*]:0:8}" = "137 80 78 71 13 10 26 10" ] || return
     echo "$(((b[16] << 24) | (b[17] << 16) | (b[18] << 8) | b[19])) $(((b[20] << 24) | (b[21] << 16) | (b[22] << 8) | b[23]))"
 }
 for n in 16 22 24 32 48 64 128 256; do
-    png=$share/icons/hicolor/${n}x${n}/apps/$icon.png
-    if [ ! -f "$png" ]; then
-        fail "no icon ${n}x${n}/apps/$icon.png"
-    elif [ "$(png_size "$png")" != "$n $n" ]; then
-        fail "icon ${n}x${n}/apps/$icon.png is not a $n x $n PNG"
-    fi
+    [ "$(png_size "$share/icons/hicolor/${n}x${n}/apps/$icon.png")" = "$n $n" ] ||
+        fail "no $n x $n PNG icons/hicolor/${n}x${n}/apps/$icon.png"
 done
 
 # The software-centre metadata: valid, named after its id, launching the installed menu entry
 # and providing the installed program.
-metainfo=("$share"/metainfo/*.metainfo.xml)
-if [ "${#metainfo[@]}" -ne 1 ] || [ ! -f "${metainfo[0]}" ]; then
-    fail "expected one share/metainfo/*.metainfo.xml, found: ${metainfo[*]##*/}"
-else
-    m=${metainfo[0]}
-    report=$(appstreamcli validate --no-net "$m" 2>&1) || fail "appstreamcli validate: $report"
-    ! grep -q '@[A-Za-z_]*@' "$m" || fail "${m##*/} has an unfilled @VARIABLE@"
-    id=$(sed -n 's:.*<id>\(.*\)</id>.*:\1:p' "$m")
-    [ "${m##*/}" = "$id.metainfo.xml" ] || fail "${m##*/} does not match its id '$id'"
-    launch=$(sed -n 's:.*<launchable type="desktop-id">\(.*\)</launchable>.*:\1:p' "$m")
-    [ -n "$launch" ] && [ -f "$share/applications/$launch" ] || fail "launchable '$launch' is not installed"
-    binary=$(sed -n 's:.*<binary>\(.*\)</binary>.*:\1:p' "$m")
-    [ -n "$binary" ] && [ -x "$bin/$binary" ] || fail "provided binary '$binary' is not in bin/"
-fi
+m=$(ls "$share"/metainfo/*.metainfo.xml 2>/dev/null)
+field() { sed -n "s:.*<$1>\(.*\)</${1%% *}>.*:\1:p" "$m"; }
+report=$(appstreamcli validate --no-net "$m" 2>&1) || fail "appstreamcli validate ${m:-(none)}: $report"
+! grep -q '@[A-Za-z_]*@' "$m" || fail "${m##*/} has an unfilled @VARIABLE@"
+[ "${m##*/}" = "$(field id).metainfo.xml" ] || fail "${m##*/} does not match its id '$(field id)'"
+launch=$(field 'launchable type="desktop-id"')
+[ -n "$launch" ] && [ -f "$share/applications/$launch" ] || fail "launchable '$launch' is not installed"
+binary=$(field binary)
+[ -n "$binary" ] && [ -x "$bin/$binary" ] || fail "provided binary '$binary' is not in bin/"
 
 # The man page, in section 6 (games), formatting without warnings.
-man=$(ls "$share"/man/man6/grumbo2.6 "$share"/man/man6/grumbo2.6.gz 2>/dev/null | head -n 1)
-if [ -z "$man" ]; then
-    fail "no share/man/man6/grumbo2.6"
-else
-    report=$(zcat -f "$man" | groff -man -ww -z 2>&1) && [ -z "$report" ] || fail "groff: $report"
-fi
+man=$(ls "$share"/man/man6/grumbo2.6* 2>/dev/null | head -n 1)
+report=$(zcat -f "$man" | groff -man -ww -z 2>&1) && [ -n "$man" ] && [ -z "$report" ] ||
+    fail "no share/man/man6/grumbo2.6 formatting without warnings: $report"
 
 echo "install check: $failures failure(s)"
 [ "$failures" -eq 0 ]

@@ -7,31 +7,21 @@
 set -u
 cpack=$1 build=$2 program=$3
 for tool in "$cpack" dpkg-deb lintian; do
-    command -v "$tool" >/dev/null || {
-        echo "no $tool: skipped"
-        exit 77
-    }
+    command -v "$tool" >/dev/null || { echo "no $tool: skipped"; exit 77; }
 done
 
 out=$(mktemp -d)
 trap 'rm -rf "$out"' EXIT
-"$cpack" -G DEB -B "$out" --config "$build/CPackConfig.cmake" >"$out/cpack.log" 2>&1 || {
-    cat "$out/cpack.log"
-    echo "FAIL: cpack exited with an error"
-    exit 1
-}
+"$cpack" -G DEB -B "$out" --config "$build/CPackConfig.cmake" >"$out/cpack.log" 2>&1 ||
+    { cat "$out/cpack.log"; echo "FAIL: cpack exited with an error"; exit 1; }
 deb=$(ls "$out"/*.deb)
 
 failures=0
 lintian --pedantic --display-info --fail-on error,warning,info "$deb" 2>&1 | grep -v "^running with root privileges"
-[ "${PIPESTATUS[0]}" -eq 0 ] || {
-    echo "FAIL: lintian found errors, warnings or notes"
-    failures=$((failures + 1))
-}
+[ "${PIPESTATUS[0]}" -eq 0 ] || { echo "FAIL: lintian found errors, warnings or notes"; failures=1; }
 version=$(dpkg-deb --field "$deb" Version)
-[ "$("$program" --version)" = "grumbo2 $version" ] || {
-    echo "FAIL: the package is version $version, the program says: $("$program" --version)"
-    failures=$((failures + 1))
-}
+said=$("$program" --version)
+[ "$said" = "grumbo2 $version" ] ||
+    { echo "FAIL: the package is version $version, the program says: $said"; failures=$((failures + 1)); }
 echo "package check: $failures failure(s)"
 [ "$failures" -eq 0 ]

@@ -1,51 +1,22 @@
-// The way into a match: the title screen's dance, the setup screen's controls and what "Next"
-// stores, and player selection with its folder scan, secret names, sounds and passes.
+// The way into a match: the setup screen's controls and what "Next" stores, and player selection
+// with its folder scan, secret names, sounds, passes, and its way out without characters.
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QPushButton>
 #include <QSlider>
 #include <QTest>
 
 #include "TestSupport.h"
 #include "ui/ArrowControl.h"
 #include "ui/CanvasWidget.h"
-#include "ui/ScreenLook.h"
 
 using namespace testing_support;
 
 namespace {
 
 using FrontEnd = ScreensTest;
-
-// "1" for each dancer up: the six first poses, then the six second ones.
-QString Dancing(const screens::TitleScreen& t) {
-    QString up;
-    for (int i = 0; i < 12; ++i) up += QLatin1Char(t.dancer(i)->isVisible() ? '1' : '0');
-    return up;
-}
-
-TEST_F(FrontEnd, DancersStandOnOneLineAndSwitchPosesEvery150ms) {
-    OwnData own;
-    for (const char* name : {"Classic", "Rapper", "Sorcerer", "Space", "Suit"})
-        own.character(QLatin1String(name) + " Grumbo", 31, 40);
-    own.picture("Robo Grumbo1.bmp", 31, 40);
-    own.picture("Classic Grumbo1.bmp", 31, 33);
-    own.picture("Rapper Grumbo1.bmp", 30, 50);
-    const screens::TitleScreen& t = *StartProgram(own.folder()).title();
-    const int tops[12] = {77, 60, 70, 70, 70, 70, 70, 70, 77, 70, 70, 70};
-    for (int i = 0; i < 12; ++i)
-        EXPECT_EQ(t.dancer(i)->pos(), QPoint(24 + 48 * (i % 6), tops[i])) << i;
-    const core::Canvas& gap = t.dancer(8)->canvas();
-    EXPECT_EQ(QSize(gap.width(), gap.height()), QSize(31, 33)) << "Robo Grumbo2 is missing";
-    EXPECT_EQ(gap.point(15, 20), ui::menuColour());
-    const std::pair<int, const char*> ticks[] = {
-        {0, "111111111111"}, {149, "111111111111"}, {1, "111111000000"}, {150, "000000111111"}};
-    for (const auto& [ms, up] : ticks) {
-        clock.advance(ms);
-        EXPECT_EQ(Dancing(t), up) << "after " << ms << " ms more";
-    }
-}
 
 // The display boxes beside the controls, in the order of the screen's labels.
 QString Shown(const screens::SetupScreen& s) {
@@ -63,7 +34,7 @@ TEST_F(FrontEnd, SetupStopsAtTheEndsOfItsControlsAndOpensWithItsDefaultsAgain) {
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     app::ScreenFlow& f = StartProgram();
-    Click(f.title(), "Start");
+    f.title()->start();
     QTest::keyClick(f.setup()->gravity, Qt::Key_PageUp);
     QTest::keyClicks(f.setup()->findChildren<QLineEdit*>().value(0), "5");
     EXPECT_EQ(Shown(*f.setup()), "10.2|1 vs 1|Random|3|20|8") << "the boxes take no typing";
@@ -84,41 +55,35 @@ TEST_F(FrontEnd, SetupStopsAtTheEndsOfItsControlsAndOpensWithItsDefaultsAgain) {
             s.windGusts->click();
             s.music->click();
         }
-        Click(&s, "Next");
+        s.next();
         EXPECT_EQ(Stored(f.settings()), stored);
-        Click(f.players(), "Back");
+        f.players()->back();
     }
     EXPECT_EQ(Shown(*f.setup()), "9.8|1 vs 1|Random|3|20|8");
-    Click(f.setup(), "Next");
+    f.setup()->next();
     EXPECT_EQ(Stored(f.settings()), std::tuple(9.8, 1, 1, 3, 20, 8, true, true));
     QLocale::setDefault(before);
 }
-
-const QStringList kShipped{"Classic Grumbo",  "Rapper Grumbo", "Robo Grumbo",
-                           "Sorcerer Grumbo", "Space Grumbo",  "Suit Grumbo"};
 
 void Browse(screens::PlayerScreen& p, int by) {
     for (int i = 0; i < std::abs(by); ++i)
         QTest::mouseClick(p.browser, Qt::LeftButton, {}, QPoint(by > 0 ? 140 : 5, 10));
 }
 
-TEST_F(FrontEnd, ShippedCharactersSecretNamesAndASoundForEveryNameBetweenTheArrows) {
+TEST_F(FrontEnd, ShippedCharactersSecretNamesInAnyCaseAndASoundForEveryNameShown) {
     screens::PlayerScreen p(ShippedData(), sound);
-    EXPECT_EQ(p.characters(), kShipped);
-    EXPECT_EQ(sound.effects, QStringList{"sounds/classicG.wav"}) << "once, as it opens";
-    sound.effects.clear();
+    EXPECT_EQ(p.characters(), QStringList({"Classic Grumbo", "Rapper Grumbo", "Robo Grumbo",
+                                           "Sorcerer Grumbo", "Space Grumbo", "Suit Grumbo"}));
     Browse(p, 6);
     Browse(p, -2);
     QTest::keyClicks(p.nameBox, "DuNiK");
-    EXPECT_EQ(p.preview->size(), QSize(48, 72)) << "Dunik";
-    EXPECT_EQ(p.nameBox->text(), "DuNiK");
     p.nameBox->clear();
     QTest::keyClicks(p.nameBox, "vostrel");
     Browse(p, -1);
     EXPECT_EQ(sound.effects.join(' '),
-              "sounds/rapperG.wav sounds/roboG.wav sounds/sorcererG.wav sounds/spaceG.wav "
-              "sounds/suitG.wav sounds/spaceG.wav sounds/sorcererG.wav sounds/dunikG.wav "
-              "sounds/vostrelG.wav sounds/dunikG.wav");
+              "sounds/classicG.wav sounds/rapperG.wav sounds/roboG.wav sounds/sorcererG.wav "
+              "sounds/spaceG.wav sounds/suitG.wav sounds/spaceG.wav sounds/sorcererG.wav "
+              "sounds/dunikG.wav sounds/vostrelG.wav sounds/dunikG.wav");
 }
 
 TEST_F(FrontEnd, TheScanListsAtMost41CompleteCharactersOfACharactersSize) {
@@ -151,32 +116,59 @@ bool Wears(const game::Figure& figure, const QString& character) {
     return same;
 }
 
-TEST_F(FrontEnd, EachPlayerChoosesInTurnAndTheLastPassStartsTheMatch) {
+TEST_F(FrontEnd, EachOfFourPlayersChoosesInTurnAndTheLastPassStartsTheMatch) {
     const QStringList typed{"ABCDEFGHIJKLMNOP", "Bo", "Cy", "Dee"};
-    for (int players : {2, 4}) {
-        app::ScreenFlow& f = StartProgram();
-        Click(f.title(), "Start");
-        if (players == 4) QTest::keyClick(f.setup()->gameType, Qt::Key_Up);
-        Click(f.setup(), "Next");
-        screens::PlayerScreen& p = *f.players();
-        QTest::keyClick(p.nameBox, Qt::Key_Return);
-        EXPECT_EQ(messages, QStringList{"Enter a player name"});
-        messages.clear();
-        for (int k = 0; k < players; ++k) {
-            EXPECT_EQ(p.windowTitle(), QStringLiteral("Player %1").arg(k + 1));
-            Browse(p, 1);
-            QTest::keyClicks(p.nameBox, typed[k] + QLatin1Char('\r'));
-        }
-        ASSERT_TRUE(f.match() && f.match()->loadingBox() && f.match()->loadingBox()->isVisible());
-        EXPECT_EQ(f.match()->loadingBox()->status(), "Synchronizing Timers...");
-        ASSERT_TRUE(RoundStands());
-        EXPECT_EQ(VisibleWindows(), QStringList{"ABCDEFGHIJKLMNO - 0 pts"}) << "no loading box";
-        const game::Match& m = f.match()->match();
-        for (int k = 0; k < players; ++k) {
-            EXPECT_EQ(m.name(k), typed[k].left(15));
-            EXPECT_TRUE(Wears(m.figure(k), kShipped[k + 1])) << k;
-        }
+    const QStringList worn{"Rapper Grumbo", "Robo Grumbo", "Sorcerer Grumbo", "Space Grumbo"};
+    app::ScreenFlow& f = StartProgram();
+    f.title()->start();
+    QTest::keyClick(f.setup()->gameType, Qt::Key_Up);
+    f.setup()->next();
+    screens::PlayerScreen& p = *f.players();
+    QTest::keyClick(p.nameBox, Qt::Key_Return);
+    EXPECT_EQ(messages, QStringList{"Enter a player name"});
+    for (int k = 0; k < 4; ++k) {
+        EXPECT_EQ(p.windowTitle(), QStringLiteral("Player %1").arg(k + 1));
+        Browse(p, 1);
+        QTest::keyClicks(p.nameBox, typed[k] + QLatin1Char('\r'));
     }
+    ASSERT_TRUE(RoundStands());
+    EXPECT_EQ(VisibleWindows(), QStringList{"ABCDEFGHIJKLMNO - 0 pts"}) << "no loading box";
+    for (int k = 0; k < 4; ++k) {
+        EXPECT_EQ(f.match()->match().name(k), typed[k].left(15));
+        EXPECT_TRUE(Wears(f.match()->match().figure(k), worn[k])) << k;
+    }
+}
+
+TEST_F(FrontEnd, AfterTheEmptyNameMessageTheNameBoxHasTheKeyboard) {
+    StartProgram().title()->start();
+    flow->setup()->next();
+    screens::PlayerScreen& players = *flow->players();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&players));
+    // A click on "Next" takes the keyboard to the button before the message shows.
+    QTest::mouseClick(players.nextButton, Qt::LeftButton);
+    EXPECT_EQ(messages, QStringList{"Enter a player name"});
+    ASSERT_TRUE(players.nameBox->hasFocus());
+}
+
+TEST_F(FrontEnd, WithoutACompleteCharacterThePlayerScreenSaysWhyAndOnlyBackLeadsOn) {
+    OwnData own;
+    own.picture("Lonely.bmp", 40, 60);
+    own.picture("Lonely1.bmp", 40, 60);
+    screens::PlayerScreen players(own.folder(), sound);
+    int backs = 0;
+    players.onBack = [&] { ++backs; };
+    players.showCentred();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&players));
+    EXPECT_FALSE(players.nextButton->isEnabled() || players.nameBox->isEnabled());
+    EXPECT_TRUE(players.backButton->hasFocus());
+    QStringList shown;
+    for (const QLabel* label : players.findChildren<QLabel*>())
+        if (label->isVisible()) shown << label->text();
+    EXPECT_TRUE(shown.join('\n').contains(QLatin1String("No complete character in")));
+    players.next();
+    EXPECT_TRUE(messages.isEmpty()) << "no name asked for where no match can start";
+    QTest::keyClick(players.backButton, Qt::Key_Space);
+    EXPECT_EQ(backs, 1);
 }
 
 }  // namespace
