@@ -1,6 +1,7 @@
 #include "TestSupport.h"
 
 #include <QApplication>
+#include <QDataStream>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -9,6 +10,7 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include "computer/Planner.h"
 #include "screens/MatchStrip.h"
 #include "ui/ArrowControl.h"
 #include "ui/MessageBox.h"
@@ -22,6 +24,24 @@ QString Relative(const QString& path) {
     const qsizetype at = path.lastIndexOf(QRegularExpression(
         QStringLiteral("/(sounds|midi|characters|Explosion-2\\.au|Credits\\.txt|pIndication)")));
     return at < 0 ? path : path.mid(at + 1);
+}
+
+QByteArray Wav(int rate, int channels, int bits, int frames, int level) {
+    const int frameBytes = channels * bits / 8;
+    const auto bytes = static_cast<quint32>(frames * frameBytes);
+    QByteArray b;
+    QDataStream out(&b, QIODevice::WriteOnly);
+    out.setByteOrder(QDataStream::LittleEndian);
+    out.writeRawData("RIFF", 4);
+    out << 36 + bytes;
+    out.writeRawData("WAVEfmt ", 8);
+    out << quint32{16} << quint16{1} << quint16(channels) << quint32(rate)
+        << quint32(rate * frameBytes) << quint16(frameBytes) << quint16(bits);
+    out.writeRawData("data", 4);
+    out << bytes;
+    for (int i = 0; i < frames * channels; ++i)
+        bits == 8 ? out << quint8(level) : out << qint16(level);
+    return b;
 }
 
 OwnData::OwnData() { QDir(dir_.path()).mkdir(QStringLiteral("characters")); }
@@ -100,10 +120,11 @@ bool ScreensTest::RoundStands() {
 }
 
 bool ScreensTest::Win() {
-    const QPoint hit = HittingThrow(flow->match()->match());
+    // The computer's aim is as good as any person's.
+    const computer::Throw hit = computer::planThrow(flow->match()->match()).aim;
     screens::MatchStrip& strip = *flow->match()->strip();
-    QTest::keyClicks(strip.angleBox(), QString::number(hit.x()));
-    QTest::keyClicks(strip.velocityBox(), QString::number(hit.y()));
+    QTest::keyClicks(strip.angleBox(), QString::number(hit.angle));
+    QTest::keyClicks(strip.velocityBox(), QString::number(hit.velocity));
     strip.throwButton()->click();
     return clock.runUntil([&] { return flow->box() != nullptr; }, 30000);
 }

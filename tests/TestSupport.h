@@ -34,6 +34,9 @@ public:
     QStringList effects, tunes;
 };
 
+// A WAV file of `frames` frames of PCM, every sample at `level`.
+QByteArray Wav(int rate, int channels, int bits, int frames, int level);
+
 // A data folder of the test's own, holding only what the test writes into it.
 class OwnData {
 public:

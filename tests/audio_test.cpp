@@ -3,40 +3,21 @@
 #include <SDL_mixer.h>
 #include <gtest/gtest.h>
 
-#include <QDataStream>
 #include <QFile>
 #include <QTemporaryDir>
 #include <cstdlib>
 
+#include "TestSupport.h"
 #include "media/Sound.h"
-
-namespace {
-
-// Stereo frames at the mixer's own rate and depth, so that the recording holds them unchanged.
-QByteArray SteadyWav(int frames, qint16 level) {
-    QByteArray b;
-    QDataStream out(&b, QIODevice::WriteOnly);
-    out.setByteOrder(QDataStream::LittleEndian);
-    const quint32 bytes = static_cast<quint32>(frames) * 4;
-    out.writeRawData("RIFF", 4);
-    out << 36 + bytes;
-    out.writeRawData("WAVEfmt ", 8);
-    out << quint32{16} << quint16{1} << quint16{2} << quint32{44100} << quint32{44100 * 4}
-        << quint16{4} << quint16{16};
-    out.writeRawData("data", 4);
-    out << bytes;
-    for (int i = 0; i < frames * 2; ++i) out << level;
-    return b;
-}
-
-}  // namespace
 
 TEST(SdlSound, AnEffectPlaysOnceFromStartToEnd) {
     QTemporaryDir dir;
     const QString wav = dir.filePath(QStringLiteral("steady.wav"));
     const QString recording = dir.filePath(QStringLiteral("recording.raw"));
     QFile out(wav);
-    ASSERT_TRUE(out.open(QIODevice::WriteOnly) && out.write(SteadyWav(4410, 1000)) > 0);
+    // Stereo at the mixer's own rate and depth, so that the recording holds the frames unchanged.
+    ASSERT_TRUE(out.open(QIODevice::WriteOnly) &&
+                out.write(testing_support::Wav(44100, 2, 16, 4410, 1000)) > 0);
     out.close();
     // The device is opened afresh on the recording driver, which writes a buffer a millisecond.
     setenv("SDL_AUDIODRIVER", "disk", 1);

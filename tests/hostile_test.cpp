@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QBuffer>
-#include <QDataStream>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -39,22 +38,6 @@ const char* const kFiles[] = {"sounds/g2intro.wav",   "Explosion-2.au",
                               "icons/grumbo2-16.png", "characters/Classic Grumbo1.bmp",
                               "pIndication.bmp"};
 
-// A WAV file of `seconds` of a steady level.
-QByteArray Wav(int rate, int channels, int bits, double seconds) {
-    const auto bytes = static_cast<quint32>(seconds * rate) * channels * (bits / 8);
-    QByteArray b;
-    QDataStream out(&b, QIODevice::WriteOnly);
-    out.setByteOrder(QDataStream::LittleEndian);
-    out.writeRawData("RIFF", 4);
-    out << 36 + bytes;
-    out.writeRawData("WAVEfmt ", 8);
-    out << quint32{16} << quint16{1} << quint16(channels) << quint32(rate)
-        << quint32(rate * channels * bits / 8) << quint16(channels * bits / 8) << quint16(bits);
-    out.writeRawData("data", 4);
-    out << bytes;
-    return b + QByteArray(bytes, '\x40');
-}
-
 // A file that is still one of its kind, but far larger than any of ours: a sound of 4 MB (11 s
 // at 96 kHz), 100 KB of credits, or a shipped file with bytes after its end that readers ignore,
 // to 1 MB for a tune (ours are under 50 KB) or an icon, and to 64 KB for a picture, which no
@@ -62,7 +45,7 @@ QByteArray Wav(int rate, int channels, int bits, double seconds) {
 QByteArray Larger(Kind kind, const QByteArray& shipped) {
     switch (kind) {
         case Kind::Sound:
-        case Kind::Explosion: return Wav(96000, 2, 16, 11);
+        case Kind::Explosion: return Wav(96000, 2, 16, 11 * 96000, 0x4040);
         case Kind::Credits: return "10\n" + QByteArray("A line of credits\n").repeated(5600);
         case Kind::Tune:
         case Kind::Icon: return shipped.leftJustified(1 << 20, '\0');
@@ -73,7 +56,7 @@ QByteArray Larger(Kind kind, const QByteArray& shipped) {
 // One of its kind but beyond what the game takes for it: a sound of 21 s, an icon 513 pixels wide,
 // a dancer or a turn marker 81 pixels wide.
 QByteArray Beyond(Kind kind) {
-    if (kind == Kind::Sound) return Wav(8000, 1, 8, 21);
+    if (kind == Kind::Sound) return Wav(8000, 1, 8, 21 * 8000, 0x40);
     const bool icon = kind == Kind::Icon;
     QImage image(icon ? 513 : 81, icon ? 16 : 70, QImage::Format_RGB32);
     image.fill(Qt::white);

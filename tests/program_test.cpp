@@ -65,6 +65,19 @@ TEST(CommandLine, ScaleAndSeedInEitherSpelling) {
     EXPECT_EQ(Parse("--scale=1 --seed 42").options.seed, 42u);
 }
 
+TEST(CommandLine, ComputerSeatsArePlayersOneToFourEachOnce) {
+    EXPECT_EQ(Parse("--computer 4,1,3").options.computers,
+              (std::array<bool, 4>{true, false, true, true}));
+    EXPECT_EQ(Parse("--computer=2").options.computers,
+              (std::array<bool, 4>{false, true, false, false}));
+    for (const char* bad : {"", "0", "5", "1,", ",2", "1,,2", "1,1", "two", "-1"}) {
+        const Parsed r = Parse(std::string("--computer=") + bad);
+        EXPECT_EQ(r.status, 2) << bad;
+        EXPECT_NE(r.err.find("--computer takes player numbers from 1 to 4"), std::string::npos)
+            << bad;
+    }
+}
+
 TEST(Display, AutomaticScaleFollowsTheScreenHeight) {
     const struct {
         int height;

@@ -53,20 +53,6 @@ game::MatchSetup CalmSetup(int players, std::uint64_t seed) {
     return s;
 }
 
-QPoint HittingThrow(const game::Match& m) {
-    for (int velocity = 30; velocity <= 150; velocity += 2)
-        for (int angle = 20; angle <= 85; angle += 5) {
-            game::Match trial = m;
-            trial.setKeys(nullptr);
-            trial.setAngleText(QString::number(angle));
-            trial.setVelocityText(QString::number(velocity));
-            trial.throwProjectile();
-            while (!trial.over() && trial.phase() != game::Phase::Aiming) trial.advance(100);
-            if (trial.stats(m.currentPlayer()).frags > 0) return {angle, velocity};
-        }
-    return {};
-}
-
 Play::Play(const game::MatchSetup& setup) : match(setup) {
     match.setKeys(&keys);
     collect();

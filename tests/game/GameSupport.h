@@ -19,9 +19,6 @@ game::CharacterArt Resized(const game::CharacterArt& art, int width, int height)
 game::MatchSetup ShippedSetup(int players = 2, std::uint64_t seed = 42);
 // The same in a calm city: no wind blows a projectile off its way.
 game::MatchSetup CalmSetup(int players = 2, std::uint64_t seed = 42);
-// Angle and velocity of a throw that frags the other player, found by trying throws on copies of
-// the match; null when none does.
-QPoint HittingThrow(const game::Match& m);
 
 // Keys held down for the trap's next poll.
 class HeldKeys : public game::Keys {

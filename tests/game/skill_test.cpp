@@ -12,17 +12,6 @@ namespace {
 
 constexpr int kRounds = 200;
 
-struct Band {
-    game::Skill skill;
-    const char* name;
-    double fewest, most;  // frags per throw
-};
-
-struct Measured {
-    int throws = 0, rounds = 0, withinThree = 0;
-    double rate() const { return static_cast<double>(rounds) / throws; }
-};
-
 // One round in the city of `seed`: the throws the computer needs to frag the person.
 int ThrowsToFrag(game::Skill skill, std::uint64_t seed) {
     game::MatchSetup setup = ShippedSetup(2, seed);
@@ -49,26 +38,29 @@ int ThrowsToFrag(game::Skill skill, std::uint64_t seed) {
 }
 
 TEST(Skill, EachLevelFragsAtTheRateItPromises) {
-    const Band bands[] = {{game::Skill::Easy, "Easy", 0.05, 0.17},
-                          {game::Skill::Normal, "Normal", 0.22, 0.42},
-                          {game::Skill::Hard, "Hard", 0.5, 0.8}};
-    std::vector<Measured> measured;
-    for (const Band& b : bands) {
-        Measured m;
+    // Frags per throw: the fewest and the most each skill may score.
+    const std::tuple<game::Skill, const char*, double, double> bands[] = {
+        {game::Skill::Easy, "Easy", 0.05, 0.17},
+        {game::Skill::Normal, "Normal", 0.22, 0.42},
+        {game::Skill::Hard, "Hard", 0.5, 0.8}};
+    std::vector<double> rates;
+    int hardWithinThree = 0;
+    for (const auto& [skill, name, fewest, most] : bands) {
+        int throws = 0, withinThree = 0;
         for (std::uint64_t seed = 1; seed <= kRounds; ++seed) {
-            const int throws = ThrowsToFrag(b.skill, seed);
-            m.throws += throws;
-            ++m.rounds;
-            m.withinThree += throws <= 3;
+            const int needed = ThrowsToFrag(skill, seed);
+            throws += needed;
+            withinThree += needed <= 3;
         }
+        rates.push_back(static_cast<double>(kRounds) / throws);
         std::printf("%s: %d rounds, %d throws, %.3f frags per throw, %d%% within three throws\n",
-                    b.name, m.rounds, m.throws, m.rate(), 100 * m.withinThree / m.rounds);
-        EXPECT_GE(m.rate(), b.fewest) << b.name;
-        EXPECT_LE(m.rate(), b.most) << b.name;
-        measured.push_back(m);
+                    name, kRounds, throws, rates.back(), 100 * withinThree / kRounds);
+        EXPECT_GE(rates.back(), fewest) << name;
+        EXPECT_LE(rates.back(), most) << name;
+        hardWithinThree = withinThree;
     }
-    EXPECT_GE(measured[2].rate(), 3 * measured[0].rate()) << "Hard at least three times Easy";
-    EXPECT_GE(measured[2].withinThree, kRounds * 8 / 10) << "Hard frags within three throws";
+    EXPECT_GE(rates[2], 3 * rates[0]) << "Hard at least three times Easy";
+    EXPECT_GE(hardWithinThree, kRounds * 8 / 10) << "Hard frags within three throws";
 }
 
 }  // namespace

@@ -49,14 +49,8 @@ exec_name=$(sed -n 's/^Exec=\([^ ]*\).*/\1/p' "$desktop" 2>/dev/null)
 icon=$(sed -n 's/^Icon=//p' "$desktop" 2>/dev/null)
 
 # Every size a desktop asks for, in the hicolor theme, really a PNG that many pixels square.
-png_size() {  # prints "WIDTH HEIGHT" of a PNG, nothing for another kind of file
-    local b
-    read -r -a b < <(od -An -tu1 -w24 -N24 "$1" 2>/dev/null)
-    [ "${#b[@]}" -eq 24 ] && [ "${b[*]:0:8}" = "137 80 78 71 13 10 26 10" ] || return
-    echo "$(((b[16] << 24) | (b[17] << 16) | (b[18] << 8) | b[19])) $(((b[20] << 24) | (b[21] << 16) | (b[22] << 8) | b[23]))"
-}
 for n in 16 22 24 32 48 64 128 256; do
-    [ "$(png_size "$share/icons/hicolor/${n}x${n}/apps/$icon.png")" = "$n $n" ] ||
+    [ "$(identify -format '%m %w %h' "$share/icons/hicolor/${n}x${n}/apps/$icon.png" 2>/dev/null)" = "PNG $n $n" ] ||
         fail "no $n x $n PNG icons/hicolor/${n}x${n}/apps/$icon.png"
 done
 

@@ -1,52 +1,19 @@
-// The computer's seats from the command line to the match window: "--computer" ticks the boxes,
-// each player's pass of the selection offers the seat, and on the computer's turn the strip shows
-// what it types while only it can throw.
+// The computer's seats from the program's start to the match window: each player's pass of the
+// selection offers the seat, and on the computer's turn the strip shows what it types while only
+// it can throw.
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <sstream>
 
 #include "TestSupport.h"
-#include "app/CommandLine.h"
 #include "screens/MatchStrip.h"
 #include "ui/CanvasWidget.h"
 
 using namespace testing_support;
 
 namespace {
-
-std::optional<int> ParseComputers(std::string list, app::Options& options, std::string& err) {
-    std::string name = "grumbo2", flag = "--computer";
-    std::vector<char*> argv{name.data(), flag.data(), list.data()};
-    std::ostringstream out, errors;
-    const auto status = app::parseCommandLine(3, argv.data(), options, out, errors);
-    err = errors.str();
-    return status;
-}
-
-TEST(ComputerSeats, TheCommandLineNamesPlayersOneToFourEachOnce) {
-    const struct {
-        const char* list;
-        std::array<bool, 4> computers;
-    } good[] = {{"2", {false, true, false, false}},
-                {"1,2", {true, true, false, false}},
-                {"4,1,3", {true, false, true, true}}};
-    for (const auto& g : good) {
-        app::Options options;
-        std::string err;
-        EXPECT_FALSE(ParseComputers(g.list, options, err)) << g.list;
-        EXPECT_EQ(options.computers, g.computers) << g.list;
-    }
-    for (const char* bad : {"", "0", "5", "1,", ",2", "1,,2", "1,1", "two", "2 3", "-1"}) {
-        app::Options options;
-        std::string err;
-        EXPECT_EQ(ParseComputers(bad, options, err), 2) << bad;
-        EXPECT_NE(err.find("--computer takes player numbers from 1 to 4"), std::string::npos)
-            << bad;
-    }
-}
 
 class Seats : public ScreensTest {
 protected:
