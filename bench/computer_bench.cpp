@@ -2,16 +2,12 @@
 // by its skill; once with the usual projectile only, once holding every special one.
 #include <benchmark/benchmark.h>
 
+#include "Pictures.h"
 #include "computer/Autopilot.h"
-#include "core/Bitmap.h"
 
 namespace {
 
-core::Canvas picture(const QString& relative) {
-    QImage image;
-    core::readBitmap(QStringLiteral(GRUMBO_DATA_DIR "/") + relative, image);
-    return core::Canvas(image);
-}
+using bench::picture;
 
 // The first turn of a "1 vs 1" match with the usual options in the city of `seed`; with
 // `specials`, the turn after, every special projectile in hand.

@@ -1,19 +1,14 @@
 // The rules alone, without a window: a whole seeded match, one round's city, one flight tick.
 #include <benchmark/benchmark.h>
 
-#include "core/Bitmap.h"
+#include "Pictures.h"
 #include "game/Collision.h"
 #include "game/Match.h"
 #include "game/Skyline.h"
 
 namespace {
 
-core::Canvas picture(const QString& relative) {
-    QImage image;
-    core::readBitmap(QStringLiteral(GRUMBO_DATA_DIR "/") + relative,
-                     core::largestBitmapFile(game::kLargestCharacter), image);
-    return core::Canvas(image);
-}
+using bench::picture;
 
 // Two shipped characters with the usual options, to three rounds.
 game::MatchSetup matchSetup() {
