@@ -1,5 +1,5 @@
-// The shipped data files and the built-in projectile pictures: a broken generator fails here
-// before a player sees a stand-in or hears silence or a wrong tune length.
+// The shipped data files: a broken generator fails here before a player sees a stand-in or hears
+// silence or a wrong tune length.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "assetcheck/DataFiles.h"
-#include "game/ProjectileArt.h"
 
 namespace {
 
@@ -86,31 +85,6 @@ TEST(DataFiles, EveryTuneLastsItsScheduledTime) {
         EXPECT_NEAR(tune.seconds, lengths[n - 1], 0.5);
         EXPECT_GT(tune.notes, lengths[n - 1]) << "too sparse for its length";
     }
-}
-
-TEST(ProjectileArt, FramesTurnAQuarterClockwiseFromOneToTheNext) {
-    // The stem, the darkest colour, lies bottom right, bottom left, top left, top right.
-    const QPoint side[game::kFrames] = {{1, 1}, {-1, 1}, {-1, -1}, {1, -1}};
-    for (int k = 0; k < game::kKinds; ++k)
-        for (int frame = 0; frame < game::kFrames; ++frame) {
-            SCOPED_TRACE(testing::Message() << "kind " << k << ", frame " << frame);
-            const core::Canvas& s =
-                game::projectileFrame(static_cast<game::ProjectileKind>(k), frame);
-            // The war projectile's fins make its frames 11 x 10 and 10 x 11 by turns.
-            const bool wide = k == 2 && frame % 2 == 0, tall = k == 2 && frame % 2 == 1;
-            EXPECT_EQ(QSize(s.width(), s.height()), QSize(wide ? 11 : 10, tall ? 11 : 10));
-            const auto brightness = [&](QPoint p) {
-                const core::Colour c = s.point(p.x(), p.y());
-                return c.red() + c.green() + c.blue();
-            };
-            QPoint stem;
-            for (int y = 0; y < s.height(); ++y)
-                for (int x = 0; x < s.width(); ++x)
-                    if (brightness({x, y}) < brightness(stem)) stem = {x, y};
-            const QPoint fromCentre = stem * 2 - QPoint(s.width() - 1, s.height() - 1);
-            EXPECT_EQ(QPoint(fromCentre.x() > 0 ? 1 : -1, fromCentre.y() > 0 ? 1 : -1),
-                      side[frame]);
-        }
 }
 
 }  // namespace

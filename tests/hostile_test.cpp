@@ -144,8 +144,7 @@ std::string RowName(const ::testing::TestParamInfo<Row>& row) {
     const char* kinds[] = {"Sound", "Explosion", "Tune", "Credits", "Icon", "Dancer", "Marker"};
     const char* damages[] = {"Intact",       "AsFolder",          "AsPipe",
                              "AsLinkToZero", "LargerThanItsKind", "BeyondItsKind"};
-    return std::string(kinds[static_cast<int>(row.param.kind)]) +
-           damages[static_cast<int>(row.param.damage)];
+    return std::string(kinds[int(row.param.kind)]) + damages[int(row.param.damage)];
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, HostileData, ::testing::ValuesIn(Rows()), RowName);

@@ -1,13 +1,11 @@
 // The program's own surroundings: its command line, where it finds its data, how large it draws.
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
 #include <sstream>
 #include <vector>
 
-#include "TestSupport.h"
 #include "app/CommandLine.h"
 #include "core/DataFolder.h"
 #include "ui/Display.h"
@@ -109,15 +107,4 @@ TEST(DataFolder, BesideTheProgramFirstThenTheInstalledShareFolders) {
     EXPECT_EQ(found("both/bin"), QStringLiteral("both/bin")) << "beside the program wins";
     EXPECT_EQ(found("bare/bin"), QStringLiteral("bare/bin"))
         << "nothing anywhere: the program's own folder";
-}
-
-using ProgramWindows = testing_support::ScreensTest;
-
-TEST_F(ProgramWindows, KeepTheirSize) {
-    StartProgram().title()->start();
-    QStringList resizable;
-    for (const QWidget* w : QApplication::topLevelWidgets())
-        if (w->isVisible() && w->minimumSize() != w->maximumSize()) resizable << w->windowTitle();
-    EXPECT_EQ(resizable, QStringList());
-    EXPECT_FALSE(VisibleWindows().isEmpty());
 }

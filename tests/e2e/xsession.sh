@@ -63,7 +63,7 @@ wait_window() {  # wait_window TITLE [SECONDS]
         kill -0 "$GAME_PID" 2>/dev/null || fail "the game ended while waiting for \"$1\""
         sleep 0.1
     done
-    fail "no window \"$1\" after ${2:-10} s; visible: $(visible_titles)"
+    fail "no window \"$1\" after ${2:-10} s; visible: $(xdotool search --onlyvisible --name . getwindowname %@ 2>/dev/null | tr '\n' '|')"
 }
 
 wait_gone() {  # wait_gone TITLE [SECONDS]
@@ -73,13 +73,6 @@ wait_gone() {  # wait_gone TITLE [SECONDS]
         sleep 0.1
     done
     fail "window \"$1\" is still there"
-}
-
-visible_titles() {
-    local id
-    for id in $(xdotool search --onlyvisible --name '.' 2>/dev/null); do
-        printf '"%s" ' "$(xdotool getwindowname "$id")"
-    done
 }
 
 expect_size() {  # expect_size WINDOW WIDTHxHEIGHT

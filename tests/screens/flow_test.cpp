@@ -40,12 +40,14 @@ TEST_F(Flow, ExitOrTheLastCloseBoxEndsTheProgramAndSoDoesAMatchWithoutCharacters
     EXPECT_EQ(quits, 5) << "players 3 and 4 have not chosen";
 }
 
-TEST_F(Flow, ScreensAreSmallToolWindowsWithOnlyACloseBox) {
+TEST_F(Flow, ScreensAreSmallFixedToolWindowsWithOnlyACloseBox) {
     const auto expectToolWindow = [](const QWidget* w) {
-        EXPECT_EQ(w->windowType(), Qt::Tool) << w->windowTitle().toStdString();
+        SCOPED_TRACE(w->windowTitle().toStdString());
+        EXPECT_EQ(w->windowType(), Qt::Tool);
         EXPECT_EQ(w->windowFlags() & (Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint |
                                       Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint),
                   Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint);
+        EXPECT_EQ(w->minimumSize(), w->maximumSize()) << "a fixed size";
     };
     app::ScreenFlow& f = StartProgram();
     expectToolWindow(f.title());
@@ -53,7 +55,9 @@ TEST_F(Flow, ScreensAreSmallToolWindowsWithOnlyACloseBox) {
     expectToolWindow(f.setup());
     f.setup()->next();
     expectToolWindow(f.players());
-    expectToolWindow(std::make_unique<screens::CreditsScreen>(ShippedData()).get());
+    screens::CreditsScreen credits(ShippedData());
+    credits.showCentred();
+    expectToolWindow(&credits);
 }
 
 TEST_F(Flow, EveryButtonOfThePauseAndTheGameOverBoxLeadsWhereItShould) {
