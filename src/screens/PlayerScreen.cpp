@@ -149,9 +149,9 @@ void PlayerScreen::showNoCharacters() {
 }
 
 void PlayerScreen::unlock(const QString& hidden) {
-    // Without any character there is nothing to unlock into; past the last place of the list the
-    // secret name simply stays typed.
-    if (list_.isEmpty() || list_.size() >= kMostCharacters) return;
+    // Past the last place of the list the secret name simply stays typed. (Without any character
+    // the name box is closed, so nothing is ever unlocked into an empty list.)
+    if (list_.size() >= kMostCharacters) return;
     list_ << hidden;
     browser->setMax(static_cast<int>(list_.size()) - 1);
     browser->setValue(browser->max());
