@@ -14,10 +14,6 @@ namespace game {
 // than the sky above the city would turn every throw at or from him into a hit or a miss.
 constexpr QSize kSmallestCharacter{30, 35};
 constexpr QSize kLargestCharacter{80, 150};
-constexpr bool fitsCharacterLimits(int width, int height) {
-    return width >= kSmallestCharacter.width() && width <= kLargestCharacter.width() &&
-           height >= kSmallestCharacter.height() && height <= kLargestCharacter.height();
-}
 
 class Figure {
 public:
