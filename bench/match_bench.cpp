@@ -94,7 +94,8 @@ void BM_FlightTick(benchmark::State& state) {
     target.put(picture(QStringLiteral("characters/Classic Grumbo.bmp")));
     target.pos = {400, 200};
     const std::vector<const game::Figure*> figures{&target, &target};
-    game::Flight f{{100, 250}, 60, 70, 0, 0, 0, 0};
+    game::Flight f{.hand = {100, 250}};
+    f.launch(60, 70);
     for (auto _ : state) {
         f.ticks = f.ticks % 40 + 1;
         f.drift += 0.1;

@@ -19,20 +19,17 @@ int throwAngle(double typed, bool rightSide) {
     return core::roundHalfEven(rightSide ? 180 - typed : typed);
 }
 
+void Flight::launch(int degrees, int throwVelocity) {
+    angle = degrees;
+    velocity = throwVelocity;
+    const double theta = angle * kPi / 180;
+    speedX = std::floor(velocity * std::cos(theta));
+    speedY = std::floor(velocity * std::sin(theta));
+}
+
 QPoint flightPosition(const Flight& f, double gravity) {
-    // A throw's speed is split into its parts once, not on every tick of its flight.
-    struct Parts {
-        int angle = 0, velocity = 0;
-        double x = 0, y = 0;
-    };
-    thread_local Parts last;
-    if (last.angle != f.angle || last.velocity != f.velocity) {
-        const double theta = f.angle * kPi / 180;
-        last = {f.angle, f.velocity, std::floor(f.velocity * std::cos(theta)),
-                std::floor(f.velocity * std::sin(theta))};
-    }
-    const double velX = last.x + f.drift + f.pullX;
-    const double velY = last.y + f.pullY;
+    const double velX = f.speedX + f.drift + f.pullX;
+    const double velY = f.speedY + f.pullY;
     const double tau = static_cast<double>(f.ticks) / kTicksPerTimeUnit;
     const double height = tau * tau * (gravity * -0.5) + tau * velY;
     return {f.hand.x() + static_cast<int>(std::floor(tau * velX)),

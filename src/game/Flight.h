@@ -20,11 +20,16 @@ struct Flight {
     // Degrees, already mirrored for a thrower on the right: 0 towards the other side, 90 up.
     int angle = 0;
     int velocity = 0;
+    // The throw's speed split into its parts, each rounded down; launch() sets them with the
+    // angle and the velocity, once a throw rather than on every tick.
+    double speedX = 0, speedY = 0;
     int ticks = 0;
     // The wind gathered during this flight.
     double drift = 0;
     // The magnetic pull, to the right and upwards.
     double pullX = 0, pullY = 0;
+
+    void launch(int degrees, int throwVelocity);
 };
 
 // Angles count from the thrower's own forward direction, so the right side mirrors them.

@@ -28,8 +28,8 @@ void Match::throwProjectile() {
     impact_ = {};
     flight_.pullX = flight_.pullY = 0;
     const bool right = rightSide(current_);
-    flight_.angle = throwAngle(core::leadingNumber(angleText_), right);
-    flight_.velocity = core::roundHalfEven(core::leadingNumber(velocityText_));
+    flight_.launch(throwAngle(core::leadingNumber(angleText_), right),
+                   core::roundHalfEven(core::leadingNumber(velocityText_)));
     figureOf(current_).put(setupOf(current_).art.poses[right ? 1 : 0]);
     blend(current_);
     projectile_.shown = true;

@@ -28,7 +28,8 @@ class FlightRows : public testing::TestWithParam<FlightRow> {};
 
 TEST_P(FlightRows, PositionInClosedForm) {
     const FlightRow& r = GetParam();
-    Flight f{{100, 200}, r.angle, r.velocity, r.ticks, r.drift, 0, 0};
+    Flight f{.hand = {100, 200}, .ticks = r.ticks, .drift = r.drift};
+    f.launch(r.angle, r.velocity);
     EXPECT_EQ(flightPosition(f, 9.8) - QPoint(100, 200), r.expected);
 }
 
@@ -67,7 +68,7 @@ class PullRows : public testing::TestWithParam<PullRow> {};
 // Player 1 (left 500, top 300, 40 wide) is the only one who can pull; player 0 throws.
 TEST_P(PullRows, ZonesOfPlayerOne) {
     const PullRow& r = GetParam();
-    Flight f{{}, 0, 0, 0, 0, r.pullX, r.pullY};
+    Flight f{.hand = {}, .pullX = r.pullX, .pullY = r.pullY};
     pullTowardsCharacters(f, QRect(r.projectile, QSize(10, 10)),
                           {QRect(80, 300, 40, 60), QRect(500, 300, 40, 60)}, 0);
     EXPECT_NEAR(f.pullX, r.expectX, 1e-9);
@@ -94,7 +95,7 @@ TEST(Rules, OnlyTheFirstCharacterInRangePullsAndThePullGrowsEveryTick) {
     for (int tick = 0; tick < 10; ++tick) pullTowardsCharacters(f, {585, 280, 10, 10}, team, 0);
     EXPECT_NEAR(f.pullX, 7.0, 1e-9) << "only player 2 pulls";
     // At three time units the pull of 7 has moved it 21 pixels.
-    Flight still{{0, 0}, 0, 0, 30, 0, 0, 0};
+    Flight still{.hand = {}, .ticks = 30};
     Flight pulled = still;
     pulled.pullX = f.pullX;
     EXPECT_EQ(flightPosition(pulled, 9.8).x() - flightPosition(still, 9.8).x(), 21);
