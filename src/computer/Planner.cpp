@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "game/Damage.h"
+#include "game/Scoring.h"
 
 namespace computer {
 
@@ -27,19 +28,16 @@ struct Outcome {
 };
 
 bool enemies(const game::Match& m, int a, int b) {
-    if (m.settings().gameType == game::GameType::OneVsOne) return a != b;
-    return (a <= 1) != (b <= 1);
+    const game::GameType type = m.settings().gameType;
+    return game::onLeftSide(type, a) != game::onLeftSide(type, b);
 }
 
-// The characters in play who stand on the building a nuke touched at `x`: those whose left edge
-// lies inside it.
+// The characters in play who stand on the building a nuke touched at `x`.
 std::vector<int> onBuilding(const game::Match& m, int x) {
     const game::Span b = game::buildingAt(m.sky(), m.scene(), x);
     std::vector<int> standing;
-    for (int i = 0; i < m.players(); ++i) {
-        const game::Figure& f = m.figure(i);
-        if (f.inPlay() && f.pos.x() > b.left && f.pos.x() < b.right) standing.push_back(i);
-    }
+    for (int i = 0; i < m.players(); ++i)
+        if (m.figure(i).inPlay() && b.carries(m.figure(i).pos.x())) standing.push_back(i);
     return standing;
 }
 

@@ -24,6 +24,8 @@ void cutCraterHole(core::Canvas& scene, const core::Canvas& sky, QPoint centre);
 // A building's columns from `left` up to, not including, `right`.
 struct Span {
     int left, right;
+    // A character stands on the building when his left edge lies strictly inside it.
+    bool carries(int characterLeft) const { return characterLeft > left && characterLeft < right; }
 };
 // The building touched at `x`, found along the scan row; a building that reaches the edge of the
 // field ends there.

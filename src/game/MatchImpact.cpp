@@ -67,10 +67,9 @@ bool Match::dissolveTick(Step& s) {
 }
 
 void Match::nukeScan(int from) {
-    // A character counts as on the building when his left edge lies strictly inside it.
     for (int i = from; i < players(); ++i) {
         const Figure& f = figure(i);
-        if (f.pos.x() <= nukedBuilding_.left || f.pos.x() >= nukedBuilding_.right) continue;
+        if (!nukedBuilding_.carries(f.pos.x())) continue;
         if (!f.inPlay()) {
             nukedPlayer_ = false;
             continue;
