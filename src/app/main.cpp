@@ -79,7 +79,7 @@ int main(int argc, char** argv) {
         media::SdlSound sound;
         std::array<screens::Seat, 4> seats;
         for (std::size_t i = 0; i < seats.size(); ++i)
-            if (options.computers[i]) seats[i] = game::Skill::Normal;
+            if (options.computers[i]) seats[i] = game::kUsualSkill;
         app::ScreenFlow flow({sound, keyboard, data, seed, [] { QCoreApplication::quit(); }},
                              seats);
         flow.start();

@@ -6,6 +6,8 @@ enum class GameType { OneVsOne, TwoVsTwo };
 enum class TimeOfDay { Random, Day, Night };
 // How well a computer seat plays.
 enum class Skill { Easy, Normal, Hard };
+// The skill a computer seat gets unless a player chooses another.
+constexpr Skill kUsualSkill = Skill::Normal;
 
 struct MatchSettings {
     // Pixels per unit of flight time squared.

@@ -31,8 +31,6 @@ constexpr int kNameLength = 15;
 constexpr char16_t kEnter = 13;
 
 QString caption(int pass) { return QStringLiteral("Player %1").arg(pass + 1); }
-
-constexpr game::Skill kUsualSkill = game::Skill::Normal;
 }  // namespace
 
 PlayerScreen::PlayerScreen(const core::DataFolder& data, media::Sound& sound)
@@ -107,7 +105,7 @@ void PlayerScreen::createSeat() {
 void PlayerScreen::showSeat() {
     const Seat& seat = seats_[static_cast<std::size_t>(pass_)];
     computerBox->setChecked(seat.has_value());
-    skillBox->setCurrentIndex(static_cast<int>(seat.value_or(kUsualSkill)));
+    skillBox->setCurrentIndex(static_cast<int>(seat.value_or(game::kUsualSkill)));
     skillBox->setEnabled(seat.has_value());
 }
 
