@@ -12,6 +12,9 @@ class Random {
 public:
     explicit Random(std::uint64_t seed = 12345) : engine_(seed) {}
     void seed(std::uint64_t seed) { engine_.seed(seed); }
+    // The `n`th reseed of a run that started from `seed`: every reseed is a fresh draw, yet the
+    // same seed gives the same reseeds in the same order.
+    static std::uint64_t reseedValue(std::uint64_t seed, std::uint64_t n);
     // Uniform in [0, 1), never 1.
     double next();
     // One of 0 to n - 1: the whole part of n times a draw.

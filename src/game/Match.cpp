@@ -37,10 +37,11 @@ Match::Match(const MatchSetup& setup)
     projectileFrame_ = setup.carry.projectileFrame;
     indicator_.count = setup.carry.indicatorCount;
     tune_ = setup.carry.tune;
+    reseeds_ = setup.carry.reseeds;
     for (int i = 0; i < 4; ++i) names_[static_cast<std::size_t>(i)] = setupOf(i).name;
     for (int i = 0; i < players(); ++i) figureOf(i).put(setupOf(i).art.standing);
     if (settings_.music) {
-        random_.seed(setup.seed);
+        reseed();
         tune_ = random_.below(kTunes) + 1;
         events_.push_back({MatchEvent::Kind::PlayTune, {}, tune_});
         tuneSeconds_ = 0;
@@ -142,6 +143,8 @@ void Match::musicTick() {
     tuneSeconds_ = 0;
 }
 
+void Match::reseed() { random_.seed(core::Random::reseedValue(setup_.seed, reseeds_++)); }
+
 void Match::play(const QString& file) { events_.push_back({MatchEvent::Kind::Sound, file, 0}); }
 
 std::vector<MatchEvent> Match::takeEvents() { return std::exchange(events_, {}); }
@@ -173,7 +176,7 @@ bool Match::begin(Step& s) {
         case StepKind::Calibrate: return beginCalibration(s);
         case StepKind::ShowCalibration: s.nextAt = now_ + calibration::kShowResultMs; return false;
         case StepKind::FirstRound:
-            random_.seed(setup_.seed);
+            reseed();
             kind_ = ProjectileKind::Normal;
             current_ = 0;
             flight_.ticks = 0;
@@ -287,6 +290,7 @@ Carry Match::carry() const {
     c.projectileFrame = projectileFrame_;
     c.indicatorCount = indicator_.count;
     c.tune = tune_;
+    c.reseeds = reseeds_;
     return c;
 }
 

@@ -53,6 +53,8 @@ struct Carry {
     int projectileFrame = 0;
     int indicatorCount = 0;
     int tune = 0;
+    // How often the run's random numbers were reseeded so far.
+    int reseeds = 0;
 };
 
 struct MatchSetup {
@@ -61,7 +63,8 @@ struct MatchSetup {
     std::array<PlayerSetup, 4> players;
     // The turn marker's picture.
     core::Canvas marker;
-    // Every reseed of the match's random numbers starts from it.
+    // Every reseed of the match's random numbers is drawn from it and the count of reseeds so far
+    // in the run (`carry.reseeds`).
     std::uint64_t seed = 0;
     Carry carry;
 };
@@ -268,6 +271,7 @@ private:
     std::optional<std::pair<int, Due>> nextDue() const;
     void run(Due what);
     void musicTick();
+    void reseed();
     void play(const QString& file);
     void push(std::initializer_list<Step> steps);
     void runSteps();
@@ -324,6 +328,7 @@ private:
     MatchSetup setup_;
     MatchSettings settings_;
     core::Random random_;
+    int reseeds_ = 0;
     Keys* keys_ = nullptr;
     Pilot* pilot_ = nullptr;
     std::vector<MatchEvent> events_;

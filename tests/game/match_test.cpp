@@ -3,6 +3,9 @@
 #include "GameSupport.h"
 #include "game/Music.h"
 
+#include <set>
+#include <tuple>
+
 using namespace testing_support;
 using game::Phase;
 using game::ProjectileKind;
@@ -42,6 +45,32 @@ TEST(Match, StartsWithATestThrowAndBuildsTheRoundInStagesBehindTheLoadingBox) {
     EXPECT_FALSE(m.canThrow()) << "pasted text that is no number counts as an empty box";
     play.match.setAngleText(QStringLiteral("45"));
     EXPECT_TRUE(m.canThrow());
+}
+
+TEST(Match, EveryReseedIsAFreshDrawThatTheSeedAndTheCountOfReseedsRepeat) {
+    // The day sky's top row is RGB(3, 61, 155).
+    const auto firstRound = [](std::uint64_t seed, int reseeds) {
+        game::MatchSetup setup = ShippedSetup(2, seed);
+        setup.settings.music = true;
+        setup.carry.reseeds = reseeds;
+        Play play(setup);
+        play.started();
+        const bool day = play.match.sky().point(0, 0) == core::Colour(3, 61, 155);
+        return std::tuple(play.match.tune(), day, play.match.scene().image(),
+                          play.match.carry().reseeds);
+    };
+    // The tune and the sky come from two reseeds: a tune of the first half must not bring the
+    // same sky every time.
+    std::set<std::pair<bool, bool>> seen;
+    for (std::uint64_t seed = 1; seed <= 40; ++seed) {
+        const auto [tune, day, city, reseeds] = firstRound(seed, 0);
+        seen.insert({tune <= game::kTunes / 2, day});
+        EXPECT_EQ(reseeds, 2) << "one reseed for the tune, one for the first round";
+    }
+    EXPECT_EQ(seen.size(), 4u) << "every pairing of tune half and sky";
+    EXPECT_TRUE(std::get<2>(firstRound(7, 0)) == std::get<2>(firstRound(7, 0))) << "repeatable";
+    EXPECT_FALSE(std::get<2>(firstRound(7, 0)) == std::get<2>(firstRound(7, 2)))
+        << "the next match of a run draws a new city from the same seed";
 }
 
 TEST(Match, AHitExplodesAndDancesAndAFirstThrowOfARoundThatHitsWinsASpecial) {

@@ -1,6 +1,7 @@
 // The seeded runs recorded from the game before its rules moved into a model of their own: every
 // picture of the match window and of the screens around it, every window title, sound and tune
-// must come out as recorded. GOLDEN_OUT names a folder for the pictures that differ.
+// must come out as recorded. GOLDEN_OUT names a folder for the pictures that differ and the logs
+// of the runs.
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
@@ -162,6 +163,11 @@ TEST_P(GoldenRun, DrawsAndSoundsAsRecorded) {
     clock.advance(2500);
     Capture(QStringLiteral("start"));
     for (const QString& step : steps) Step(step);
+    if (const QString out = qEnvironmentVariable("GOLDEN_OUT"); !out.isEmpty()) {
+        QFile written(out + QLatin1Char('/') + name + QStringLiteral(".log"));
+        if (written.open(QIODevice::WriteOnly | QIODevice::Text))
+            written.write((log.join(QLatin1Char('\n')) + QLatin1Char('\n')).toUtf8());
+    }
     QFile expected(kGolden + QStringLiteral("expected/") + name + QStringLiteral(".log"));
     EXPECT_TRUE(expected.open(QIODevice::ReadOnly | QIODevice::Text));
     EXPECT_EQ(log, QString::fromUtf8(expected.readAll()).split('\n', Qt::SkipEmptyParts));
