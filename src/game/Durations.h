@@ -11,10 +11,13 @@ constexpr int kDanceFrames = 12;
 constexpr int kDanceFrameMs = 41;
 // The final board stands five seconds before the game-over box opens.
 constexpr int kGameOverAfterMs = 5001;
-// A nuked building crumbles in about 5 ms, a nuked character dissolves in about 29 ms.
-constexpr int kDissolveRowsPerMs = 60;
-constexpr int kVaporizePicksPerMs = 140;
-// A new city is built behind the loading box in five stages of 4 ms.
-constexpr int kRoundStageMs = 4;
+// A nuked building crumbles from the ground up a few rows at a time, the tallest in about half a
+// second; a nuked character dissolves into the sky in half a second.
+constexpr int kDissolveStepMs = 5;
+constexpr int kDissolveRowsPerStep = 3;
+constexpr int kVaporizeStepMs = 5;
+constexpr int kVaporizePicksPerStep = 40;
+// Each text of the loading box stands long enough to be read.
+constexpr int kLoadingStatusMs = 250;
 
 }  // namespace game::durations

@@ -202,7 +202,7 @@ bool Match::begin(Step& s) {
         case StepKind::Blast: return beginBlast(s);
         case StepKind::Vaporize:
             projectile_.shown = false;
-            s.nextAt = now_ + 1;
+            s.nextAt = now_ + durations::kVaporizeStepMs;
             return false;
         case StepKind::ScoreHit: return beginScoreHit(s);
         case StepKind::Dance: return danceTick(s);

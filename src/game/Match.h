@@ -285,6 +285,7 @@ private:
     bool calibrationTick(Step& step);
     bool beginRound(Step& step);
     bool roundTick(Step& step);
+    int roundStages() const;
     void showRoundStage(int stage);
     void drawSky();
     void placeAndBlendCharacters(const City& city);

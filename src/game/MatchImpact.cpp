@@ -51,15 +51,15 @@ bool Match::beginDissolve(Step& s) {
     nukeRoof_ = rowAboveRoof(sky_, scene_, nukedBuilding_);
     // It crumbles from the ground up, then the rest of its columns turn to sky.
     s.count = kGroundLine;
-    s.nextAt = now_ + 1;
+    s.nextAt = now_ + durations::kDissolveStepMs;
     return false;
 }
 
 bool Match::dissolveTick(Step& s) {
-    for (int i = 0; i < durations::kDissolveRowsPerMs && s.count >= nukeRoof_; ++i, --s.count)
+    for (int i = 0; i < durations::kDissolveRowsPerStep && s.count >= nukeRoof_; ++i, --s.count)
         dissolveRow(scene_, sky_, nukedBuilding_, s.count, random_);
     if (s.count >= nukeRoof_) {
-        s.nextAt += 1;
+        s.nextAt += durations::kDissolveStepMs;
         return false;
     }
     clearBuilding(scene_, sky_, nukedBuilding_, nukeRoof_);
@@ -117,10 +117,11 @@ bool Match::blastTick(Step& s) {
 
 bool Match::vaporizeTick(Step& s) {
     Figure& f = figureOf(s.player);
-    for (int i = 0; i < durations::kVaporizePicksPerMs && s.count < kVaporizePicks; ++i, ++s.count)
+    for (int i = 0; i < durations::kVaporizePicksPerStep && s.count < kVaporizePicks;
+         ++i, ++s.count)
         vaporizePick(f, sky_, random_);
     if (s.count < kVaporizePicks) {
-        s.nextAt += 1;
+        s.nextAt += durations::kVaporizeStepMs;
         return false;
     }
     f.park();

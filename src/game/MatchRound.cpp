@@ -9,7 +9,6 @@ namespace game {
 namespace {
 // The projectile waits this far above the thrower's head.
 constexpr int kHandAbove = 11;
-constexpr int kRoundStages = 5;
 }  // namespace
 
 bool Match::beginCalibration(Step& s) {
@@ -45,30 +44,39 @@ bool Match::beginRound(Step& s) {
     redrawWindBox();
     alignProjectile();
     showRoundStage(0);
-    s.nextAt = now_ + durations::kRoundStageMs;
+    s.nextAt = now_ + durations::kLoadingStatusMs;
     return false;
+}
+
+int Match::roundStages() const {
+    // The sky, the buildings, each player, the wind, and the full bar.
+    return players() + 4;
 }
 
 void Match::showRoundStage(int stage) {
     const int n = players();
-    switch (stage) {
-        case 0: loading_.status = QStringLiteral("Rendering Sky..."), loading_.progress = 7; break;
-        case 1:
-            loading_.status = QStringLiteral("Rendering Buildings..."), loading_.progress = 67;
-            break;
-        case 2:
-            loading_.status = QStringLiteral("Rendering Player %1...").arg(n);
-            loading_.progress = static_cast<double>(n - 1) / n * 20 + 67;
-            break;
-        case 3: loading_.status = QStringLiteral("Creating Wind..."), loading_.progress = 95; break;
-        default: loading_.progress = 100; break;
+    const int player = stage - 2;
+    if (stage == 0) {
+        loading_.status = QStringLiteral("Rendering Sky...");
+        loading_.progress = 7;
+    } else if (stage == 1) {
+        loading_.status = QStringLiteral("Rendering Buildings...");
+        loading_.progress = 67;
+    } else if (player < n) {
+        loading_.status = QStringLiteral("Rendering Player %1...").arg(player + 1);
+        loading_.progress = static_cast<double>(player) / n * 20 + 67;
+    } else if (player == n) {
+        loading_.status = QStringLiteral("Creating Wind...");
+        loading_.progress = 95;
+    } else {
+        loading_.progress = 100;
     }
 }
 
 bool Match::roundTick(Step& s) {
-    if (++s.count < kRoundStages) {
+    if (++s.count < roundStages()) {
         showRoundStage(s.count);
-        s.nextAt += durations::kRoundStageMs;
+        s.nextAt += durations::kLoadingStatusMs;
         return false;
     }
     figuresShown_ = boxesShown_ = true;

@@ -1,10 +1,10 @@
 // A match on the model alone, for what the golden runs cannot see: how long its phases last,
 // the rounds and awards of a few scripted throws, pause and typed codes, in match time.
-#include "GameSupport.h"
-#include "game/Music.h"
-
 #include <set>
 #include <tuple>
+
+#include "GameSupport.h"
+#include "game/Music.h"
 
 using namespace testing_support;
 using game::Phase;
@@ -29,16 +29,36 @@ TEST(Match, StartsWithATestThrowAndBuildsTheRoundInStagesBehindTheLoadingBox) {
     EXPECT_EQ(m.loading().status, "Test completed in 720 ms, adjusted timers to 32");
     EXPECT_EQ(m.flightTickMs(), 32);
     EXPECT_EQ(Lasts(play, Phase::Starting), 1001) << "the result stays up a second";
-    QStringList stages;
-    while (m.phase() == Phase::BuildingRound) {
-        const QString stage = m.loading().status + QString::number(m.loading().progress);
-        if (stages.isEmpty() || stages.back() != stage) stages << stage;
-        EXPECT_FALSE(m.figuresShown());
-        play.run(1);
-    }
-    EXPECT_EQ(stages, (QStringList{"Rendering Sky...7", "Rendering Buildings...67",
-                                   "Rendering Player 2...77", "Creating Wind...95",
-                                   "Creating Wind...100"}));
+    // Every text of the loading box stands long enough to be read, each player's in turn.
+    const auto stages = [](Play& p) {
+        QStringList seen;
+        int since = p.match.now();
+        while (p.match.phase() == Phase::BuildingRound) {
+            EXPECT_FALSE(p.match.figuresShown());
+            const QString stage = p.match.loading().status + QLatin1Char(' ') +
+                                  QString::number(p.match.loading().progress);
+            if (seen.isEmpty() || !seen.back().startsWith(stage + QLatin1Char(' '))) {
+                if (!seen.isEmpty()) seen.back() += QString::number(p.match.now() - since);
+                seen << stage + QLatin1Char(' ');
+                since = p.match.now();
+            }
+            p.run(1);
+        }
+        seen.back() += QString::number(p.match.now() - since);
+        return seen;
+    };
+    const QString ms = QString::number(game::durations::kLoadingStatusMs);
+    EXPECT_EQ(stages(play),
+              (QStringList{"Rendering Sky... 7 " + ms, "Rendering Buildings... 67 " + ms,
+                           "Rendering Player 1... 67 " + ms, "Rendering Player 2... 77 " + ms,
+                           "Creating Wind... 95 " + ms, "Creating Wind... 100 " + ms}));
+    Play teams(ShippedSetup(4, 7));
+    teams.runUntil([&] { return teams.match.phase() == Phase::BuildingRound; });
+    const QStringList four = stages(teams);
+    ASSERT_EQ(four.size(), 8);
+    EXPECT_EQ(four.mid(2, 4),
+              (QStringList{"Rendering Player 1... 67 " + ms, "Rendering Player 2... 72 " + ms,
+                           "Rendering Player 3... 77 " + ms, "Rendering Player 4... 82 " + ms}));
     EXPECT_TRUE(m.figuresShown() && !m.loading().shown);
     play.match.setAngleText(QStringLiteral("4:"));
     play.match.setVelocityText(QStringLiteral("60"));
@@ -131,6 +151,66 @@ TEST(Match, ANukeSparesACharacterWhoseLeftEdgeIsTheFirstColumnOfItsBuilding) {
     EXPECT_EQ(m.scene().point(first, 465), m.sky().point(first, 465)) << "the building is gone";
     EXPECT_TRUE(me.inPlay());
     EXPECT_EQ(m.stats(0).misses, 2) << "a nuke that takes nobody is a miss";
+}
+
+// Pixels of the building's columns in row `y` that show the sky.
+int SkyInRow(const game::Match& m, const game::Span& b, int y) {
+    int sky = 0;
+    for (int x = b.left; x < b.right; ++x) sky += m.scene().point(x, y) == m.sky().point(x, y);
+    return sky;
+}
+
+TEST(Match, ANukedBuildingCrumblesFromTheGroundUpAndItsCharacterDissolvesAtAPaceOneSees) {
+    game::MatchSetup setup = CalmSetup(2, 61);
+    setup.settings.buildingHeight = 12;
+    Play play(setup);
+    play.started();
+    const game::Match& m = play.match;
+    play.type(QStringLiteral("\\zap plinkos"));
+    ASSERT_TRUE(play.throwAt(10, 999));
+    ASSERT_TRUE(play.throwAt(10, 999));
+    // The nuke falls onto the enemy's roof beside him, from the thrower's hand above it.
+    const game::Figure& enemy = m.figure(1);
+    const game::Span b = game::buildingAt(m.sky(), m.scene(), enemy.pos.x() + enemy.width() / 2);
+    const int roof = game::rowAboveRoof(m.sky(), m.scene(), b);
+    const int drop = enemy.pos.x() - b.left > 16 ? b.left + 3 : enemy.pos.x() + enemy.width() + 3;
+    ASSERT_LT(drop + 10, b.right) << "a roof with room beside the enemy";
+    ASSERT_GT(game::kGroundLine - roof, 280) << "one of the tallest buildings";
+    play.flyTo({drop, roof - m.figure(0).height() - 60});
+    play.match.chooseProjectile(ProjectileKind::Nuke);
+    play.match.setAngleText(QStringLiteral("90"));
+    play.match.setVelocityText(QStringLiteral("0"));
+    play.match.throwProjectile();
+    ASSERT_TRUE(play.runUntil([&] { return m.phase() == Phase::Dissolving; }));
+    const int rows = game::kGroundLine - roof + 1, start = m.now();
+    play.runUntil([&] { return m.now() - start >= rows; });
+    EXPECT_GT(SkyInRow(m, b, game::kGroundLine - 1), 0) << "the ground rows crumble first";
+    EXPECT_EQ(SkyInRow(m, b, roof + 2), 0) << "while the roof still stands";
+    EXPECT_EQ(m.phase(), Phase::Dissolving);
+    const int dissolved = Lasts(play, Phase::Dissolving) + (m.now() - start);
+    EXPECT_GE(dissolved, rows * 3 / 2) << rows << " rows";
+    EXPECT_LE(dissolved, rows * 5 / 2) << rows << " rows";
+    EXPECT_EQ(SkyInRow(m, b, roof + 2), b.right - b.left) << "then it is gone";
+    // The thrower hovers over the building too, and goes with it first.
+    ASSERT_EQ(m.phase(), Phase::Vaporizing);
+    const game::Figure& thrower = m.figure(0);
+    const auto skyShown = [&] {
+        int n = 0;
+        for (int y = 0; y < thrower.height(); ++y)
+            for (int x = 0; x < thrower.width(); ++x)
+                n += thrower.canvas().point(x, y) ==
+                     m.sky().point(thrower.pos.x() + x, thrower.pos.y() + y);
+        return n;
+    };
+    const int before = skyShown();
+    play.run(200);
+    const int midway = skyShown();
+    EXPECT_GT(midway, before) << "he dissolves bit by bit";
+    EXPECT_LT(midway - before, (thrower.width() * thrower.height() - before) * 3 / 4);
+    const int vaporized = Lasts(play, Phase::Vaporizing) + 200;
+    EXPECT_GE(vaporized, 300);
+    EXPECT_LE(vaporized, 800);
+    EXPECT_FALSE(thrower.inPlay());
 }
 
 TEST(Match, TeamsThrowInTurnsPassingOverTheFraggedAndTheLastRoundEndsTheMatch) {
