@@ -19,6 +19,7 @@
 #include "screens/TitleScreen.h"
 #include "ui/CanvasWidget.h"
 #include "ui/MessageBox.h"
+#include "ui/OwnedBox.h"
 #include "ui/Window.h"
 
 using namespace testing_support;
@@ -153,7 +154,8 @@ INSTANTIATE_TEST_SUITE_P(Every, HostileData, ::testing::ValuesIn(Rows()), RowNam
 
 using HostileInput = ScreensTest;
 
-TEST_F(HostileInput, AKeyCountsOnlyWhileTheWindowThatSawItGoDownIsThereAndOnceTheMatchHasBegun) {
+TEST_F(HostileInput,
+       AKeyCountsOnlyWhileTheWindowThatSawItGoDownIsThereAndOnceTheMatchHasTheKeyboard) {
     keys.install();
     // Escape closes the credits or a message box while it is down, and the window system then
     // tells nobody that it came up; in a window that stays, it counts.
@@ -167,15 +169,27 @@ TEST_F(HostileInput, AKeyCountsOnlyWhileTheWindowThatSawItGoDownIsThereAndOnceTh
     QTest::keyPress(&staying, Qt::Key_Escape);
     EXPECT_TRUE(keys.pressed(game::key::kEscape));
     QTest::keyRelease(&staying, Qt::Key_Escape);
-    // Held while the match starts, it does not pause; pressed again once the turn is open, it does.
+    // Held from before the match window opened, it does not pause; pressed once the window has
+    // the keyboard, while the match is still starting, it does.
+    keys.press(game::key::kEscape);
     screens::MatchView view(CalmSetup(), sound, keys, ShippedData());
     view.showCentred();
-    keys.press(game::key::kEscape);
-    clock.runUntil([&] { return view.match().phase() == game::Phase::Aiming; }, 5000);
+    ui::giveFocus(&view);
     clock.advance(100);
+    ASSERT_EQ(QGuiApplication::focusWindow(), view.windowHandle());
     EXPECT_FALSE(view.match().paused());
+    ASSERT_EQ(view.match().phase(), game::Phase::Starting);
     Tap(game::key::kEscape);
     EXPECT_TRUE(view.match().paused());
+    view.resume();
+    keys.press(game::key::kEscape);
+    screens::MatchView unseen(CalmSetup(), sound, keys, ShippedData());
+    clock.runUntil([&] { return unseen.match().phase() == game::Phase::Aiming; }, 5000);
+    clock.advance(100);
+    EXPECT_FALSE(unseen.match().paused())
+        << "a window never given the keyboard hears the first turn";
+    Tap(game::key::kEscape);
+    EXPECT_TRUE(unseen.match().paused());
 }
 
 TEST_F(HostileInput, NamesShowLetterForLetter) {

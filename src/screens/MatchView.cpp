@@ -1,5 +1,7 @@
 #include "screens/MatchView.h"
 
+#include <QGuiApplication>
+#include <QWindow>
 #include <algorithm>
 
 #include "game/Music.h"
@@ -41,6 +43,11 @@ MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, game::K
     field_ = new MatchField(this, match_);
     strip_ = new MatchStrip(this, match_);
     timer_.setHandler([this] { step(); });
+    // The keyboard trap hears the keys from the moment the match window, or its loading box over
+    // it, has the keyboard: Escape pauses the start too.
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow* w) {
+        if (w && (w == windowHandle() || (loading_ && w == loading_->windowHandle()))) hearKeys();
+    });
     lastTick_ = ui::clock().tickCount();
     refresh();
 }
@@ -63,14 +70,19 @@ void MatchView::step() {
     refresh();
 }
 
+void MatchView::hearKeys() {
+    if (keysHeard_) return;
+    // Keys that went down before are not the match's (Escape that left the credits): asking about
+    // each once forgets it.
+    for (int key = 0; key < 256; ++key) keys_.pressed(key);
+    match_.setKeys(&keys_);
+    keysHeard_ = true;
+}
+
 void MatchView::refresh() {
-    // Keys that went down while the match was starting are not the first turn's: asking about
-    // each once forgets it, and the keyboard trap hears the keys from the first turn on.
-    if (!keysHeard_ && match_.phase() == game::Phase::Aiming) {
-        for (int key = 0; key < 256; ++key) keys_.pressed(key);
-        match_.setKeys(&keys_);
-        keysHeard_ = true;
-    }
+    // A window system that never hands the match window the keyboard still lets the first turn
+    // hear it.
+    if (match_.phase() == game::Phase::Aiming) hearKeys();
     // The strip first: a turn that began opens the angle box, which then takes the keyboard.
     strip_->sync();
     playEvents();

@@ -39,6 +39,7 @@ public:
 private:
     struct Look;
     void step();
+    void hearKeys();
     void playEvents();
     void refresh();
     Look look() const;
