@@ -8,9 +8,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QValidator>
+#include <algorithm>
 
 #include "core/Numbers.h"
 #include "core/Transparency.h"
+#include "game/Names.h"
 #include "screens/Characters.h"
 #include "screens/FrontEnd.h"
 #include "screens/Pictures.h"
@@ -27,10 +30,21 @@ namespace {
 // The screen grew a row at the bottom for the seat; the character is shown in the middle of the
 // part above it.
 constexpr int kWidth = 240, kHeight = 255, kPreviewHeight = 229;
-constexpr int kNameLength = 15;
 constexpr char16_t kEnter = 13;
 
 QString caption(int pass) { return QStringLiteral("Player %1").arg(pass + 1); }
+
+// Names are counted in the characters a player sees, and no line break or control character gets
+// into one, typed or pasted.
+class NameValidator : public QValidator {
+public:
+    using QValidator::QValidator;
+    State validate(QString& input, int& pos) const override {
+        input = game::tidyName(input);
+        pos = std::min(pos, static_cast<int>(input.size()));
+        return Acceptable;
+    }
+};
 }  // namespace
 
 PlayerScreen::PlayerScreen(const core::DataFolder& data, media::Sound& sound)
@@ -42,7 +56,7 @@ PlayerScreen::PlayerScreen(const core::DataFolder& data, media::Sound& sound)
     nameBox = new QLineEdit(this);
     nameBox->setGeometry(61, 12, 113, 18);
     nameBox->setAlignment(Qt::AlignCenter);
-    nameBox->setMaxLength(kNameLength);
+    nameBox->setValidator(new NameValidator(nameBox));
     ui::onKeyPress(nameBox, [this](ui::CharCode& key) { typed(key); });
     preview = new ui::CanvasWidget(this, 0, 0, core::Canvas(1, 1, background_));
     // Only the bar's two arrow buttons show, left and right of the name; the name box keeps the
@@ -99,7 +113,19 @@ void PlayerScreen::createSeat() {
     computerBox->setFocusPolicy(Qt::TabFocus);
     skillBox->setFocusPolicy(Qt::TabFocus);
     QObject::connect(computerBox, &QCheckBox::toggled, skillBox, &QWidget::setEnabled);
+    QObject::connect(computerBox, &QCheckBox::toggled, this, [this] { offerUnworn(); });
     showSeat();
+}
+
+void PlayerScreen::offerUnworn() {
+    // The computer looks like nobody else in the match, while there are characters enough; a
+    // person may still browse it to any other.
+    if (!computerBox->isChecked() || !worn_.contains(characterBox->text())) return;
+    for (int i = 0; i < list_.size(); ++i) {
+        if (worn_.contains(list_[i])) continue;
+        browser->setValue(i);
+        return;
+    }
 }
 
 void PlayerScreen::showSeat() {
@@ -107,12 +133,17 @@ void PlayerScreen::showSeat() {
     computerBox->setChecked(seat.has_value());
     skillBox->setCurrentIndex(static_cast<int>(seat.value_or(game::kUsualSkill)));
     skillBox->setEnabled(seat.has_value());
+    offerUnworn();
 }
 
 void PlayerScreen::begin(int players, const std::array<Seat, 4>& seats) {
     players_ = players;
     seats_ = seats;
+    worn_.clear();
     showSeat();
+    // Also when the screen comes back after "Back": the button that was clicked last keeps the
+    // keyboard otherwise.
+    nameBox->setFocus();
 }
 
 void PlayerScreen::showPreview(const QString& character) {
@@ -180,6 +211,7 @@ void PlayerScreen::next() {
         nameBox->setText(QStringLiteral("Computer %1").arg(pass_ + 1));
     }
     if (onChosen) onChosen({pass_, nameBox->text(), characterBox->text(), seat});
+    worn_ << characterBox->text();
     if (pass_ == players_ - 1) {
         if (onDone) onDone();
         return;
@@ -192,6 +224,7 @@ void PlayerScreen::next() {
 
 void PlayerScreen::back() {
     pass_ = 0;
+    worn_.clear();
     setWindowTitle(caption(0));
     nameBox->clear();
     showSeat();

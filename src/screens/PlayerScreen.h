@@ -66,6 +66,7 @@ private:
     void unlock(const QString& hidden);
     void createSeat();
     void showSeat();
+    void offerUnworn();
 
     core::DataFolder data_;
     media::Sound& sound_;
@@ -74,6 +75,8 @@ private:
     QLabel* noCharacters_ = nullptr;
     int players_ = 2;
     std::array<Seat, 4> seats_{};
+    // The characters of the earlier passes.
+    QStringList worn_;
     int pass_ = 0;
 };
 

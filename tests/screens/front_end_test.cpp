@@ -150,6 +150,27 @@ TEST_F(FrontEnd, AfterTheEmptyNameMessageTheNameBoxHasTheKeyboard) {
     ASSERT_TRUE(players.nameBox->hasFocus());
 }
 
+TEST_F(FrontEnd, NamesCountCharactersAsPlayersSeeThemAndKeepNoControlCharacters) {
+    StartProgram().title()->start();
+    flow->setup()->next();
+    screens::PlayerScreen& players = *flow->players();
+    QLineEdit& box = *players.nameBox;
+    box.insert(QStringLiteral("Ann\tB\no\x1b\x7f\r\u2028"));
+    EXPECT_EQ(box.text(), "AnnBo") << "pasted tab, newline, escape, delete and line separator";
+    // A thumb with a skin tone is two characters to the computer, four UTF-16 units, one to a
+    // player; a family is seven code points joined into one.
+    const QString thumb = QStringLiteral("\U0001F44D\U0001F3FD");
+    const QString family = QStringLiteral("\U0001F468\u200D\U0001F469\u200D\U0001F467");
+    box.clear();
+    box.insert(family + thumb.repeated(15));
+    EXPECT_EQ(box.text(), family + thumb.repeated(14)) << "cut after the fifteenth, never inside";
+    // Back, then Next on the setup screen: the name box has the keyboard again.
+    QTest::mouseClick(players.backButton, Qt::LeftButton);
+    flow->setup()->next();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&players));
+    EXPECT_TRUE(box.hasFocus());
+}
+
 TEST_F(FrontEnd, WithoutACompleteCharacterThePlayerScreenSaysWhyAndOnlyBackLeadsOn) {
     OwnData own;
     own.picture("Lonely.bmp", 40, 60);

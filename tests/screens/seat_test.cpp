@@ -9,6 +9,7 @@
 
 #include "TestSupport.h"
 #include "screens/MatchStrip.h"
+#include "ui/ArrowControl.h"
 #include "ui/CanvasWidget.h"
 
 using namespace testing_support;
@@ -51,6 +52,32 @@ TEST_F(Seats, EachPassOffersItsSeatAndTheComputerNeedsNoName) {
     EXPECT_EQ(m.name(1), "Computer 2");
     EXPECT_FALSE(m.computer(0));
     EXPECT_EQ(m.computer(1), game::Skill::Hard);
+}
+
+TEST_F(Seats, AComputerSeatWearsACharacterNobodyElseWearsWhileThereAreEnough) {
+    // Player 1 keeps the first character; the computer at seat 2 would wear it too.
+    screens::PlayerScreen& p = ToPlayers({std::nullopt, game::Skill::Normal});
+    QTest::keyClicks(p.nameBox, QStringLiteral("Ann"));
+    p.next();
+    EXPECT_EQ(p.characterBox->text(), "Rapper Grumbo");
+    p.computerBox->setChecked(false);
+    p.browser->setValue(0);
+    p.computerBox->setChecked(true);
+    EXPECT_EQ(p.characterBox->text(), "Rapper Grumbo") << "ticking the box chooses anew";
+    // Four computers in "2 vs 2" look like four different players.
+    const game::Skill hard = game::Skill::Hard;
+    screens::PlayerScreen& q = ToPlayers({hard, hard, hard, hard});
+    flow->players()->back();
+    QTest::keyClick(flow->setup()->gameType, Qt::Key_Up);
+    flow->setup()->next();
+    QStringList worn;
+    for (int k = 0; k < 4; ++k) {
+        worn << q.characterBox->text();
+        q.next();
+    }
+    ASSERT_TRUE(flow->match());
+    worn.removeDuplicates();
+    EXPECT_EQ(worn.size(), 4);
 }
 
 TEST_F(Seats, OnTheComputersTurnTheStripShowsItsTypingAndOnlyItThrows) {
