@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 #include <climits>
 #include <functional>
 #include <memory>
@@ -18,6 +19,7 @@
 #include "core/Transparency.h"
 #include "screens/MatchField.h"
 #include "screens/MatchStrip.h"
+#include "ui/CanvasWidget.h"
 
 using namespace testing_support;
 
@@ -247,6 +249,39 @@ TEST(SeeThrough, OnlyPureWhiteInsideTheRoundedRectangleTakesWhatLiesBehind) {
     EXPECT_EQ(picture.point(3, 0), core::kWhite);
     EXPECT_EQ(picture.point(1, 1), nearWhite);
     EXPECT_EQ(picture.point(2, 1), alsoNear);
+}
+
+TEST(Canvas, NothingIsReadOrDrawnJustOutsideItsLeftAndRightEdges) {
+    // Row by row the pixels lie end to end: one past a row's end is the next row's start.
+    core::Canvas c(4, 3);
+    const core::Colour red(255, 0, 0);
+    c.setPixel(-1, 1, red);
+    c.setPixel(4, 1, red);
+    c.line(-3, 2, 0, 2, red);
+    EXPECT_EQ(c.point(3, 0), core::kWhite);
+    EXPECT_EQ(c.point(0, 2), core::kWhite) << "a line stops short of its end point";
+    for (int x = 0; x < 4; ++x) EXPECT_EQ(c.point(x, 1), core::kWhite) << x;
+    EXPECT_EQ(c.point(-1, 1).value(), -1) << "no colour";
+    EXPECT_EQ(c.point(4, 1).value(), -1);
+}
+
+TEST_F(ScreensTest, APictureDrawnInPlaceIsPaintedOnTheScreenAgain) {
+    QWidget window;
+    auto* shown = new ui::CanvasWidget(&window, 0, 0, core::Canvas(8, 8));
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QCoreApplication::processEvents();
+    struct PaintCount : QObject {
+        int paints = 0;
+        bool eventFilter(QObject*, QEvent* e) override {
+            paints += e->type() == QEvent::Paint;
+            return false;
+        }
+    } count;
+    shown->installEventFilter(&count);
+    shown->draw().setPixel(1, 1, core::kBlack);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(count.paints, 1);
 }
 
 using SeeThroughField = ScreensTest;
