@@ -1,5 +1,6 @@
 // Throwing, the flight, collision checks and the keyboard trap.
 #include "core/Numbers.h"
+#include "game/Characters.h"
 #include "game/Collision.h"
 #include "game/Match.h"
 
@@ -9,13 +10,6 @@ namespace {
 constexpr int kCheckMs = 60;
 constexpr int kFlyStep = 3;
 
-QString throwSound(const QString& character) {
-    // Exact, case-sensitive names: a look-alike name gets the plain throw.
-    if (character == QLatin1String("Dunik")) return QStringLiteral("sounds/dThrow.wav");
-    if (character == QLatin1String("Vostrel")) return QStringLiteral("sounds/vGrr.wav");
-    if (character == QLatin1String("Sorcerer Grumbo")) return QStringLiteral("sounds/sThrow.wav");
-    return QStringLiteral("sounds/throw.wav");
-}
 }  // namespace
 
 bool Match::rightSide(int player) const { return player > players() / 2 - 1; }

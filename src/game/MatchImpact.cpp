@@ -1,17 +1,13 @@
 // What a projectile does when it lands: craters, a nuked building, a hit character, the points
 // and the end of the match.
 #include "core/Numbers.h"
+#include "game/Characters.h"
 #include "game/Match.h"
 #include "game/Scoring.h"
 
 namespace game {
 
 namespace {
-QString cry(const QString& character) {
-    if (character == QLatin1String("Dunik")) return QStringLiteral("sounds/dHit.wav");
-    if (character == QLatin1String("Vostrel")) return QStringLiteral("sounds/vGrr.wav");
-    return QStringLiteral("sounds/ge.wav");
-}
 
 int centre(const QRect& r) { return core::roundHalfEven(r.left() + r.width() / 2.0); }
 }  // namespace
@@ -129,7 +125,7 @@ bool Match::vaporizeTick(Step& s) {
 }
 
 bool Match::beginScoreHit(Step& s) {
-    play(s.nuke ? QStringLiteral("sounds/vg.wav") : cry(setupOf(s.player).character));
+    play(s.nuke ? QStringLiteral("sounds/vg.wav") : hitSound(setupOf(s.player).character));
     ++statsOf(s.thrower).frags;
     fragged_.push_back(s.player);
     scoreRound(s.player);

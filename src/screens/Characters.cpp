@@ -3,14 +3,12 @@
 #include <QDir>
 #include <algorithm>
 
+#include "game/Characters.h"
 #include "screens/Pictures.h"
 
 namespace screens {
 
 namespace {
-const QString kDunik = QStringLiteral("Dunik");
-const QString kVostrel = QStringLiteral("Vostrel");
-
 // The bitmaps of the folder in alphabetical order, ignoring case (hidden files are left out).
 QStringList listBitmaps(const QString& folder) {
     QStringList files =
@@ -42,7 +40,7 @@ QStringList scanCharacters(const core::DataFolder& data) {
     QStringList found;
     for (qsizetype i = 0; i < files.size() && found.size() < kMostCharacters; ++i) {
         const QString base = files[i].section(QLatin1Char('.'), 0, 0);
-        if (base == kDunik || base == kVostrel || !hasBothPoses(files, i, base)) continue;
+        if (game::isHidden(base) || !hasBothPoses(files, i, base)) continue;
         QStringList pictures{files[i], base + QStringLiteral("1.bmp"),
                              base + QStringLiteral("2.bmp")};
         // The preview and the match load the standing picture by the character's name; a file
@@ -53,27 +51,6 @@ QStringList scanCharacters(const core::DataFolder& data) {
             found << base;
     }
     return found;
-}
-
-QString unlockedBy(const QString& typed) {
-    for (const QString& hidden : {kDunik, kVostrel})
-        if (typed.toLower() == hidden.toLower()) return hidden;
-    return QString();
-}
-
-QString characterSound(const QString& character) {
-    static const std::pair<const char*, const char*> kSounds[] = {{"Classic Grumbo", "classicG"},
-                                                                  {"Rapper Grumbo", "rapperG"},
-                                                                  {"Robo Grumbo", "roboG"},
-                                                                  {"Sorcerer Grumbo", "sorcererG"},
-                                                                  {"Space Grumbo", "spaceG"},
-                                                                  {"Suit Grumbo", "suitG"},
-                                                                  {"Dunik", "dunikG"},
-                                                                  {"Vostrel", "vostrelG"}};
-    for (const auto& [name, sound] : kSounds)
-        if (character == QLatin1String(name))
-            return QStringLiteral("sounds/%1.wav").arg(QLatin1String(sound));
-    return QString();
 }
 
 }  // namespace screens

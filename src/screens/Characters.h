@@ -15,9 +15,4 @@ constexpr int kMostCharacters = 41;
 // name + ".bmp" followed in that order by name + "1.bmp" and then name + "2.bmp", all three of a
 // character's size. The hidden characters are never listed.
 QStringList scanCharacters(const core::DataFolder& data);
-// The hidden character whose secret name `typed` is ("dunik" in any case: "Dunik"), if any.
-QString unlockedBy(const QString& typed);
-// The sound of a character, a path in the data folder; empty for characters without one.
-QString characterSound(const QString& character);
-
 }  // namespace screens

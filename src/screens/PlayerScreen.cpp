@@ -13,6 +13,7 @@
 
 #include "core/Numbers.h"
 #include "core/Transparency.h"
+#include "game/Characters.h"
 #include "game/Names.h"
 #include "screens/Characters.h"
 #include "screens/FrontEnd.h"
@@ -72,7 +73,7 @@ PlayerScreen::PlayerScreen(const core::DataFolder& data, media::Sound& sound)
     characterBox->setAlignment(Qt::AlignCenter);
     ui::setBackColour(characterBox, ui::buttonFaceColour());
     QObject::connect(characterBox, &QLineEdit::textChanged, this, [this](const QString& name) {
-        const QString s = characterSound(name);
+        const QString s = game::chosenSound(name);
         if (!s.isEmpty()) sound_.playEffect(data_.path(s));
     });
     backButton = new QPushButton(QStringLiteral("Back"), this);
@@ -88,7 +89,7 @@ PlayerScreen::PlayerScreen(const core::DataFolder& data, media::Sound& sound)
     createSeat();
     nameBox->setFocus();
 
-    sound_.playEffect(data_.path(characterSound(QStringLiteral("Classic Grumbo"))));
+    sound_.playEffect(data_.path(game::chosenSound(QLatin1String(game::kKnownCharacters[0].name))));
     list_ = scanCharacters(data_);
     if (list_.isEmpty()) {
         showNoCharacters();
@@ -187,7 +188,7 @@ void PlayerScreen::unlock(const QString& hidden) {
 }
 
 void PlayerScreen::typed(char16_t key) {
-    const QString hidden = unlockedBy(nameBox->text() + QChar(key));
+    const QString hidden = game::unlockedBy(nameBox->text() + QChar(key));
     if (!hidden.isEmpty()) unlock(hidden);
     if (key == kEnter) next();
 }

@@ -4,6 +4,7 @@
 #include <QPushButton>
 
 #include "core/Transparency.h"
+#include "game/Characters.h"
 #include "screens/FrontEnd.h"
 #include "screens/Pictures.h"
 #include "ui/Activation.h"
@@ -15,8 +16,6 @@ namespace screens {
 
 namespace {
 constexpr int kDanceMs = 150;
-constexpr std::array<const char*, 6> kDancers = {"Classic Grumbo",  "Rapper Grumbo", "Robo Grumbo",
-                                                 "Sorcerer Grumbo", "Space Grumbo",  "Suit Grumbo"};
 constexpr int kFirstLeft = 24, kColumnStep = 48;
 constexpr QSize kEmptyPlace{31, 33};
 // The feet of every dancer stand on this row, whatever the picture's height.
@@ -61,9 +60,10 @@ void TitleScreen::exit() {
 void TitleScreen::loadDancers() {
     for (int i = 0; i < 12; ++i) {
         ui::CanvasWidget* w = dancers_[static_cast<std::size_t>(i)];
-        const QString file = QStringLiteral("characters/%1%2.bmp")
-                                 .arg(QLatin1String(kDancers[static_cast<std::size_t>(i % 6)]))
-                                 .arg(i < 6 ? 1 : 2);
+        const QString file =
+            QStringLiteral("characters/%1%2.bmp")
+                .arg(QLatin1String(game::kDancers[static_cast<std::size_t>(i % 6)]))
+                .arg(i < 6 ? 1 : 2);
         // A picture that cannot be read or is no character's leaves an empty place of the
         // screen's colour, and the others dance on.
         QImage image;

@@ -272,6 +272,36 @@ TEST(Match, ANewRoundOfTeamsStandsEveryoneOnARoofAgainAndKeepsTheTurnGoing) {
     }
 }
 
+TEST(Match, KnownCharactersThrowAndCryWithTheirOwnSoundsByTheirExactName) {
+    game::MatchSetup setup = CalmSetup(4, 9);
+    const char* const names[] = {"Dunik", "Sorcerer Grumbo", "Vostrel", "dunik"};
+    for (int i = 0; i < 4; ++i) {
+        setup.players[i].character = QString::fromLatin1(names[i]);
+        setup.players[i].art =
+            ShippedArt(i == 3 ? QStringLiteral("Dunik") : setup.players[i].character);
+    }
+    Play play(setup);
+    play.started();
+    const game::Match& m = play.match;
+    const auto soundsOf = [&](const std::function<void()>& what) {
+        play.sounds.clear();
+        what();
+        return play.sounds;
+    };
+    // Turns go 1, 3, 2, 4; a look-alike name throws and cries like anyone.
+    const QStringList throws{"sounds/dThrow.wav", "sounds/vGrr.wav", "sounds/sThrow.wav",
+                             "sounds/throw.wav"};
+    for (const QString& t : throws)
+        EXPECT_EQ(soundsOf([&] { ASSERT_TRUE(play.throwAt(10, 999)); }).value(0), t);
+    EXPECT_TRUE(soundsOf([&] { play.dropOn(2); }).contains("sounds/vGrr.wav"));
+    ASSERT_EQ(m.currentPlayer(), 1);
+    const QStringList plain = soundsOf([&] { play.dropOn(3); });
+    EXPECT_TRUE(plain.contains("sounds/ge.wav") && !plain.contains("sounds/dHit.wav"));
+    ASSERT_TRUE(play.runUntil([&] { return m.phase() == Phase::Aiming; }));
+    ASSERT_EQ(m.currentPlayer(), 3);
+    EXPECT_TRUE(soundsOf([&] { play.dropOn(0); }).contains("sounds/dHit.wav"));
+}
+
 TEST(Match, EscapeFreezesEverythingButTheMusicWhoseTunesChangeAtTheirLength) {
     game::MatchSetup setup = ShippedSetup();
     setup.settings.music = true;
