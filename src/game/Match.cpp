@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <type_traits>
 
 #include "core/Numbers.h"
 #include "game/Calibration.h"
@@ -47,10 +48,8 @@ Match::Match(const MatchSetup& setup)
         tuneSeconds_ = 0;
         nextMusicTick_ = kMusicTickMs;
     }
-    push({{.kind = StepKind::Calibrate},
-          {.kind = StepKind::ShowCalibration},
-          {.kind = StepKind::FirstRound},
-          {.kind = StepKind::BuildRound}});
+    doNext(
+        {steps::Calibrate{}, steps::ShowCalibration{}, steps::FirstRound{}, steps::BuildRound{}});
     runSteps();
 }
 
@@ -124,7 +123,9 @@ void Match::run(Due what) {
             if (now_ > checksResumeAt_) collisionCheck();
             break;
         case Due::Step:
-            if (tick(*underWay_)) {
+            if (const Next next = std::visit([this](auto& k) { return tick(k); }, underWay_->step))
+                underWay_->nextAt = *next;
+            else {
                 underWay_.reset();
                 runSteps();
             }
@@ -159,7 +160,7 @@ Match Match::sandbox() const {
 
 // ---- Steps ---------------------------------------------------------------------------------
 
-void Match::push(std::initializer_list<Step> steps) {
+void Match::doNext(std::initializer_list<Step> steps) {
     steps_.insert(steps_.begin(), steps.begin(), steps.end());
 }
 
@@ -167,83 +168,64 @@ void Match::runSteps() {
     while (!underWay_ && !steps_.empty()) {
         Step step = steps_.front();
         steps_.pop_front();
-        if (!begin(step)) underWay_ = step;
+        if (const Next next = std::visit([this](auto& k) { return start(k); }, step))
+            underWay_ = Running{step, *next};
     }
 }
 
-bool Match::begin(Step& s) {
-    switch (s.kind) {
-        case StepKind::Calibrate: return beginCalibration(s);
-        case StepKind::ShowCalibration: s.nextAt = now_ + calibration::kShowResultMs; return false;
-        case StepKind::FirstRound:
-            reseed();
-            kind_ = ProjectileKind::Normal;
-            current_ = 0;
-            flight_.ticks = 0;
-            return true;
-        case StepKind::BuildRound: return beginRound(s);
-        case StepKind::Crater:
-            play(QStringLiteral("sounds/bc.wav"));
-            s.nextAt = now_ + durations::kCraterRingMs;
-            return false;
-        case StepKind::NearMiss: return beginNearMiss(s);
-        case StepKind::EndTurn: endTurn(); return true;
-        case StepKind::Dissolve: return beginDissolve(s);
-        case StepKind::NukeScan:
-            // After a hit (count 1) the scan ends when the round was decided or rebuilt.
-            if (s.count == 0 || (!roundOver_ && !fragged_.empty())) nukeScan(s.player);
-            return true;
-        case StepKind::NukeMiss:
-            if (!nukedPlayer_) {
-                ++statsOf(s.thrower).misses;
-                push({{.kind = StepKind::NearMiss}, {.kind = StepKind::EndTurn}});
-            }
-            return true;
-        case StepKind::Blast: return beginBlast(s);
-        case StepKind::Vaporize:
-            projectile_.shown = false;
-            s.nextAt = now_ + durations::kVaporizeStepMs;
-            return false;
-        case StepKind::ScoreHit: return beginScoreHit(s);
-        case StepKind::Dance: return danceTick(s);
-        case StepKind::AfterHit: afterHit(s.thrower); return true;
-        case StepKind::FinalBoard: s.nextAt = now_ + durations::kGameOverAfterMs; return false;
-    }
-    return true;
+Match::Next Match::start(steps::ShowCalibration&) { return now_ + calibration::kShowResultMs; }
+
+Match::Next Match::tick(steps::ShowCalibration&) {
+    loading_.shown = false;
+    return std::nullopt;
 }
 
-bool Match::tick(Step& s) {
-    switch (s.kind) {
-        case StepKind::Calibrate: return calibrationTick(s);
-        case StepKind::ShowCalibration: loading_.shown = false; return true;
-        case StepKind::BuildRound: return roundTick(s);
-        case StepKind::Crater: return craterTick(s);
-        case StepKind::Dissolve: return dissolveTick(s);
-        case StepKind::Blast: return blastTick(s);
-        case StepKind::Vaporize: return vaporizeTick(s);
-        case StepKind::Dance: return danceTick(s);
-        case StepKind::FinalBoard:
-            gameOverShown_ = true;
-            events_.push_back({MatchEvent::Kind::GameOver, {}, 0});
-            return true;
-        default: return true;  // the steps that only wait for their time
-    }
+Match::Next Match::start(steps::FirstRound&) {
+    reseed();
+    kind_ = ProjectileKind::Normal;
+    current_ = 0;
+    flight_.ticks = 0;
+    return std::nullopt;
+}
+
+Match::Next Match::start(steps::EndTurn&) {
+    endTurn();
+    return std::nullopt;
+}
+
+Match::Next Match::start(steps::AfterHit& s) {
+    afterHit(s.thrower);
+    return std::nullopt;
+}
+
+Match::Next Match::start(steps::FinalBoard&) { return now_ + durations::kGameOverAfterMs; }
+
+Match::Next Match::tick(steps::FinalBoard&) {
+    gameOverShown_ = true;
+    events_.push_back({MatchEvent::Kind::GameOver, {}, 0});
+    return std::nullopt;
 }
 
 Phase Match::phase() const {
     if (underWay_) {
-        switch (underWay_->kind) {
-            case StepKind::Calibrate:
-            case StepKind::ShowCalibration: return Phase::Starting;
-            case StepKind::BuildRound: return Phase::BuildingRound;
-            case StepKind::Crater: return Phase::Cratering;
-            case StepKind::Dissolve: return Phase::Dissolving;
-            case StepKind::Blast: return Phase::Exploding;
-            case StepKind::Vaporize: return Phase::Vaporizing;
-            case StepKind::Dance: return Phase::Dancing;
-            case StepKind::FinalBoard: return Phase::FinalBoard;
-            default: return Phase::ShowingPoints;
-        }
+        return std::visit(
+            [](const auto& k) {
+                using Kind = std::decay_t<decltype(k)>;
+                if constexpr (std::is_same_v<Kind, steps::Calibrate> ||
+                              std::is_same_v<Kind, steps::ShowCalibration>)
+                    return Phase::Starting;
+                else if constexpr (std::is_same_v<Kind, steps::BuildRound>)
+                    return Phase::BuildingRound;
+                else if constexpr (std::is_same_v<Kind, steps::Crater>) return Phase::Cratering;
+                else if constexpr (std::is_same_v<Kind, steps::Dissolve>) return Phase::Dissolving;
+                else if constexpr (std::is_same_v<Kind, steps::Blast>) return Phase::Exploding;
+                else if constexpr (std::is_same_v<Kind, steps::Vaporize>) return Phase::Vaporizing;
+                else if constexpr (std::is_same_v<Kind, steps::Dance>) return Phase::Dancing;
+                else if constexpr (std::is_same_v<Kind, steps::FinalBoard>)
+                    return Phase::FinalBoard;
+                else return Phase::ShowingPoints;  // the popups of near misses and hits
+            },
+            underWay_->step);
     }
     if (flying_) return Phase::Flying;
     return over() ? Phase::FinalBoard : Phase::Aiming;

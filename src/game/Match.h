@@ -26,6 +26,7 @@
 #include "game/ProjectileArt.h"
 #include "game/Settings.h"
 #include "game/Skyline.h"
+#include "game/Steps.h"
 #include "game/Wind.h"
 
 namespace game {
@@ -228,34 +229,13 @@ public:
     Carry carry() const;
 
 private:
-    enum class StepKind {
-        Calibrate,        // the test throw: a tick every 24 ms
-        ShowCalibration,  // its result stays up a second
-        FirstRound,       // the turn and the random numbers start afresh
-        BuildRound,       // a new city behind the loading box
-        Crater,           // the rings of a crater, then the hole
-        NearMiss,         // points for a building hit near the enemy, with their popup
-        EndTurn,          // the turn passes
-        Dissolve,         // a nuked building crumbles from the ground up
-        NukeScan,         // the characters on the nuked building, one after the other
-        NukeMiss,         // a nuke that fragged nobody standing counts as a miss
-        Blast,            // the explosion over a hit character
-        Vaporize,         // a nuked character turns into the sky behind him
-        ScoreHit,         // the frag, the round and the points of a hit, with their popup
-        Dance,            // the thrower's victory dance
-        AfterHit,         // the turn passes, then the match ends or a new round may start
-        FinalBoard,       // the final board; the game-over box five seconds later
+    // A step under way, and the match time of its next moment.
+    struct Running {
+        Step step;
+        int nextAt;
     };
-    struct Step {
-        StepKind kind;
-        int player = 0;  // who is hit or dances; where a nuke scan goes on
-        int thrower = 0;
-        bool nuke = false;  // a hit by the nuke, which dissolves rather than explodes
-        QRect anchor{};     // what the popup of a hit rises over
-        int x = 0;          // where a nuke touched its building
-        int count = 0;      // rings, rows, picks, frames or ticks done so far
-        int nextAt = 0;     // match time of its next event
-    };
+    // The match time of a step's next moment; none when it is done.
+    using Next = std::optional<int>;
     enum class Due { Poll, Music, Indicator, FlightTick, Check, Step, Pilot };
     // A war projectile's building contact this low also earns points for a near miss.
     static constexpr int kLowWarHit = 450;
@@ -273,18 +253,43 @@ private:
     void musicTick();
     void reseed();
     void play(const QString& file);
-    void push(std::initializer_list<Step> steps);
+    // `steps` come next, before whatever was to come.
+    void doNext(std::initializer_list<Step> steps);
     void runSteps();
-    // Starts `step`; false when it goes on after this moment.
-    bool begin(Step& step);
-    // The step's next event; true when the step is done.
-    bool tick(Step& step);
+
+    // Each kind of step starts, and has its next moments (MatchRound.cpp, MatchImpact.cpp); a
+    // step that only waits is done at its first moment.
+    Next start(steps::Calibrate& s);
+    Next tick(steps::Calibrate& s);
+    Next start(steps::ShowCalibration&);
+    Next tick(steps::ShowCalibration&);
+    Next start(steps::FirstRound&);
+    Next start(steps::BuildRound& s);
+    Next tick(steps::BuildRound& s);
+    Next start(steps::Crater& s);
+    Next tick(steps::Crater& s);
+    Next start(steps::NearMiss&);
+    Next start(steps::EndTurn&);
+    Next start(steps::Dissolve& s);
+    Next tick(steps::Dissolve& s);
+    Next start(steps::NukeScan& s);
+    Next start(steps::NukeMiss& s);
+    Next start(steps::Blast& s);
+    Next tick(steps::Blast& s);
+    Next start(steps::Vaporize& s);
+    Next tick(steps::Vaporize& s);
+    Next start(steps::ScoreHit& s);
+    Next start(steps::Dance& s);
+    Next tick(steps::Dance& s);
+    Next start(steps::AfterHit& s);
+    Next start(steps::FinalBoard&);
+    Next tick(steps::FinalBoard&);
+    template <class Waiting>
+    Next tick(Waiting&) {
+        return std::nullopt;
+    }
 
     // The start and the rounds (MatchRound.cpp).
-    bool beginCalibration(Step& step);
-    bool calibrationTick(Step& step);
-    bool beginRound(Step& step);
-    bool roundTick(Step& step);
     int roundStages() const;
     void showRoundStage(int stage);
     void drawSky();
@@ -305,17 +310,8 @@ private:
 
     // Hits, craters, turns and the end (MatchImpact.cpp, MatchTurn.cpp).
     void hitCharacter(int player);
-    bool craterTick(Step& step);
     // Points for a building hit near the enemy; true when they rise in a popup.
     bool scoreNearMiss();
-    bool beginNearMiss(Step& step);
-    bool beginDissolve(Step& step);
-    bool dissolveTick(Step& step);
-    bool beginBlast(Step& step);
-    bool blastTick(Step& step);
-    bool vaporizeTick(Step& step);
-    bool danceTick(Step& step);
-    bool beginScoreHit(Step& step);
     void scoreRound(int hit);
     void nukeScan(int from);
     bool teamFragged() const;
@@ -343,7 +339,7 @@ private:
     int nextFlightTick_ = 0, nextCheck_ = 0;
     // Collision checks wait while a check's popup is up (a war projectile flies on meanwhile).
     int checksResumeAt_ = 0;
-    std::optional<Step> underWay_;
+    std::optional<Running> underWay_;
     std::deque<Step> steps_;
 
     QString title_;

@@ -79,9 +79,8 @@ void Match::touchBuilding(int x) {
             // The nuke dissolves the building and whoever stands on it.
             flying_ = false;
             projectile_.shown = false;
-            push({{.kind = StepKind::Dissolve, .x = x},
-                  {.kind = StepKind::NukeScan},
-                  {.kind = StepKind::NukeMiss, .thrower = thrower}});
+            doNext(
+                {steps::Dissolve{.x = x}, steps::NukeScan{}, steps::NukeMiss{.thrower = thrower}});
             break;
         case ProjectileKind::War:
             // The war projectile bores on through the city; its holes count no miss, and the
@@ -95,9 +94,7 @@ void Match::touchBuilding(int x) {
             ++statsOf(thrower).misses;
             flying_ = false;
             projectile_.shown = false;
-            push({{.kind = StepKind::Crater},
-                  {.kind = StepKind::NearMiss},
-                  {.kind = StepKind::EndTurn}});
+            doNext({steps::Crater{}, steps::NearMiss{}, steps::EndTurn{}});
             break;
     }
 }

@@ -12,15 +12,17 @@ namespace {
 int centre(const QRect& r) { return core::roundHalfEven(r.left() + r.width() / 2.0); }
 }  // namespace
 
-bool Match::craterTick(Step& s) {
+Match::Next Match::start(steps::Crater&) {
+    play(QStringLiteral("sounds/bc.wav"));
+    return now_ + durations::kCraterRingMs;
+}
+
+Match::Next Match::tick(steps::Crater& s) {
     const QPoint centre = projectile_.pos + QPoint(5, 5);
-    drawCraterRing(scene_, centre, ++s.count);
-    if (s.count < kCraterRadius) {
-        s.nextAt += durations::kCraterRingMs;
-        return false;
-    }
+    drawCraterRing(scene_, centre, ++s.rings);
+    if (s.rings < kCraterRadius) return now_ + durations::kCraterRingMs;
     cutCraterHole(scene_, sky_, centre);
-    return true;
+    return std::nullopt;
 }
 
 bool Match::scoreNearMiss() {
@@ -35,31 +37,40 @@ bool Match::scoreNearMiss() {
     return true;
 }
 
-bool Match::beginNearMiss(Step& s) {
-    if (!scoreNearMiss()) return true;
-    s.nextAt = popup_.endsAt();
-    return false;
+Match::Next Match::start(steps::NearMiss&) {
+    if (!scoreNearMiss()) return std::nullopt;
+    return popup_.endsAt();
 }
 
-bool Match::beginDissolve(Step& s) {
+Match::Next Match::start(steps::Dissolve& s) {
     play(QStringLiteral("sounds/vg.wav"));
     nukedBuilding_ = buildingAt(sky_, scene_, s.x);
     nukeRoof_ = rowAboveRoof(sky_, scene_, nukedBuilding_);
     // It crumbles from the ground up, then the rest of its columns turn to sky.
-    s.count = kGroundLine;
-    s.nextAt = now_ + durations::kDissolveStepMs;
-    return false;
+    s.row = kGroundLine;
+    return now_ + durations::kDissolveStepMs;
 }
 
-bool Match::dissolveTick(Step& s) {
-    for (int i = 0; i < durations::kDissolveRowsPerStep && s.count >= nukeRoof_; ++i, --s.count)
-        dissolveRow(scene_, sky_, nukedBuilding_, s.count, random_);
-    if (s.count >= nukeRoof_) {
-        s.nextAt += durations::kDissolveStepMs;
-        return false;
-    }
+Match::Next Match::tick(steps::Dissolve& s) {
+    for (int i = 0; i < durations::kDissolveRowsPerStep && s.row >= nukeRoof_; ++i, --s.row)
+        dissolveRow(scene_, sky_, nukedBuilding_, s.row, random_);
+    if (s.row >= nukeRoof_) return now_ + durations::kDissolveStepMs;
     clearBuilding(scene_, sky_, nukedBuilding_, nukeRoof_);
-    return true;
+    return std::nullopt;
+}
+
+Match::Next Match::start(steps::NukeScan& s) {
+    // After a hit the scan ends when the round was decided or rebuilt.
+    if (!s.afterHit || (!roundOver_ && !fragged_.empty())) nukeScan(s.from);
+    return std::nullopt;
+}
+
+Match::Next Match::start(steps::NukeMiss& s) {
+    if (!nukedPlayer_) {
+        ++statsOf(s.thrower).misses;
+        doNext({steps::NearMiss{}, steps::EndTurn{}});
+    }
+    return std::nullopt;
 }
 
 void Match::nukeScan(int from) {
@@ -73,7 +84,7 @@ void Match::nukeScan(int from) {
         nukedPlayer_ = true;
         // After the hit the scan goes on, unless the hit decided the round: the city may be a
         // new one by then, and nobody in it stands on the old building.
-        push({{.kind = StepKind::NukeScan, .player = i + 1, .count = 1}});
+        doNext({steps::NukeScan{.from = i + 1, .afterHit = true}});
         hitCharacter(i);
         return;
     }
@@ -83,48 +94,48 @@ void Match::hitCharacter(int player) {
     const int thrower = current_;
     const bool nuke = kind_ == ProjectileKind::Nuke;
     projectile_.shown = false;
-    push({{.kind = nuke ? StepKind::Vaporize : StepKind::Blast, .player = player},
-          {.kind = StepKind::ScoreHit,
-           .player = player,
-           .thrower = thrower,
-           .nuke = nuke,
-           .anchor = figure(player).rect()},
-          {.kind = StepKind::Dance, .player = thrower},
-          {.kind = StepKind::AfterHit, .thrower = thrower}});
+    const Step effect =
+        nuke ? Step(steps::Vaporize{.player = player}) : Step(steps::Blast{.player = player});
+    doNext(
+        {effect,
+         steps::ScoreHit{
+             .player = player, .thrower = thrower, .nuke = nuke, .anchor = figure(player).rect()},
+         steps::Dance{.player = thrower}, steps::AfterHit{.thrower = thrower}});
 }
 
-bool Match::beginBlast(Step& s) {
+Match::Next Match::start(steps::Blast& s) {
     play(QStringLiteral("Explosion-2.au"));
-    return blastTick(s);
+    return tick(s);
 }
 
-bool Match::blastTick(Step& s) {
+Match::Next Match::tick(steps::Blast& s) {
     Figure& f = figureOf(s.player);
     // Rings of radius 1 up to half the character's height, each after a short wait.
-    if (s.count > 0) drawBlastRing(f, s.count);
-    if (s.count + 1 <= f.height() / 2.0) {
-        ++s.count;
-        s.nextAt = now_ + durations::kBlastRingMs;
-        return false;
+    if (s.rings > 0) drawBlastRing(f, s.rings);
+    if (s.rings + 1 <= f.height() / 2.0) {
+        ++s.rings;
+        return now_ + durations::kBlastRingMs;
     }
     f.park();
-    return true;
+    return std::nullopt;
 }
 
-bool Match::vaporizeTick(Step& s) {
+Match::Next Match::start(steps::Vaporize&) {
+    projectile_.shown = false;
+    return now_ + durations::kVaporizeStepMs;
+}
+
+Match::Next Match::tick(steps::Vaporize& s) {
     Figure& f = figureOf(s.player);
-    for (int i = 0; i < durations::kVaporizePicksPerStep && s.count < kVaporizePicks;
-         ++i, ++s.count)
+    for (int i = 0; i < durations::kVaporizePicksPerStep && s.picks < kVaporizePicks;
+         ++i, ++s.picks)
         vaporizePick(f, sky_, random_);
-    if (s.count < kVaporizePicks) {
-        s.nextAt += durations::kVaporizeStepMs;
-        return false;
-    }
+    if (s.picks < kVaporizePicks) return now_ + durations::kVaporizeStepMs;
     f.park();
-    return true;
+    return std::nullopt;
 }
 
-bool Match::beginScoreHit(Step& s) {
+Match::Next Match::start(steps::ScoreHit& s) {
     play(s.nuke ? QStringLiteral("sounds/vg.wav") : hitSound(setupOf(s.player).character));
     ++statsOf(s.thrower).frags;
     fragged_.push_back(s.player);
@@ -134,8 +145,7 @@ bool Match::beginScoreHit(Step& s) {
     thrower.points += hitPoints(settings_.gameType, s.thrower, s.player);
     popup_.start(thrower.points > before ? kEnemyHitPoints : kFriendlyHitPoints, s.anchor.left(),
                  s.anchor.width(), s.anchor.top(), now_);
-    s.nextAt = popup_.endsAt();
-    return false;
+    return popup_.endsAt();
 }
 
 void Match::scoreRound(int hit) {
@@ -152,22 +162,24 @@ void Match::scoreRound(int hit) {
     roundOver_ = true;
 }
 
-bool Match::danceTick(Step& s) {
-    if (s.count == durations::kDanceFrames) return true;
-    ++s.count;
-    figureOf(s.player).put(setupOf(s.player).art.poses[s.count % 2 == 1 ? 0 : 1]);
+Match::Next Match::start(steps::Dance& s) { return tick(s); }
+
+Match::Next Match::tick(steps::Dance& s) {
+    if (s.frames == durations::kDanceFrames) return std::nullopt;
+    ++s.frames;
+    figureOf(s.player).put(setupOf(s.player).art.poses[s.frames % 2 == 1 ? 0 : 1]);
     blend(s.player);
-    s.nextAt = now_ + durations::kDanceFrameMs;
-    return false;
+    return now_ + durations::kDanceFrameMs;
 }
 
 void Match::afterHit(int thrower) {
     endTurn();
     if (fragLimitReached()) {
-        // The deciding hit counted a round that will not be played.
+        // The deciding hit counted a round that will not be played: through the popup and the
+        // dance the strip showed the number of the round that would have come next.
         --round_;
         endMatch();
-        push({{.kind = StepKind::FinalBoard}});
+        doNext({steps::FinalBoard{}});
         return;
     }
     const int wasted = stats(thrower).misses - stats(thrower).missMark;
@@ -175,7 +187,7 @@ void Match::afterHit(int thrower) {
         specials_[static_cast<std::size_t>(thrower)][index(*kind)] = true;
     if (settings_.gameType == GameType::TwoVsTwo) statsOf(thrower).missMark = stats(thrower).misses;
     if (settings_.gameType != GameType::TwoVsTwo || fragged_.size() >= 3 || teamFragged())
-        push({{.kind = StepKind::BuildRound}});
+        doNext({steps::BuildRound{}});
 }
 
 bool Match::fragLimitReached() const {

@@ -11,27 +11,23 @@ namespace {
 constexpr int kHandAbove = 11;
 }  // namespace
 
-bool Match::beginCalibration(Step& s) {
+Match::Next Match::start(steps::Calibrate&) {
     loading_ = {true, QStringLiteral("Synchronizing Timers..."), 0};
     play(QStringLiteral("sounds/gn.wav"));
-    s.nextAt = now_ + calibration::kTestTickMs;
-    return false;
+    return now_ + calibration::kTestTickMs;
 }
 
-bool Match::calibrationTick(Step& s) {
-    ++s.count;
-    const int left = calibration::testLeft(s.count);
+Match::Next Match::tick(steps::Calibrate& s) {
+    ++s.ticks;
+    const int left = calibration::testLeft(s.ticks);
     loading_.progress = left / 100.0 * 100;
-    if (left <= calibration::kTestAreaWidth - 10) {
-        s.nextAt += calibration::kTestTickMs;
-        return false;
-    }
-    loading_.status = calibration::report(s.count);
-    flightTickMs_ = calibration::flightTickMs(s.count);
-    return true;
+    if (left <= calibration::kTestAreaWidth - 10) return now_ + calibration::kTestTickMs;
+    loading_.status = calibration::report(s.ticks);
+    flightTickMs_ = calibration::flightTickMs(s.ticks);
+    return std::nullopt;
 }
 
-bool Match::beginRound(Step& s) {
+Match::Next Match::start(steps::BuildRound&) {
     loading_ = {true, QStringLiteral("Loading"), 0};
     figuresShown_ = boxesShown_ = false;
     drawSky();
@@ -44,8 +40,7 @@ bool Match::beginRound(Step& s) {
     redrawWindBox();
     alignProjectile();
     showRoundStage(0);
-    s.nextAt = now_ + durations::kLoadingStatusMs;
-    return false;
+    return now_ + durations::kLoadingStatusMs;
 }
 
 int Match::roundStages() const {
@@ -73,11 +68,10 @@ void Match::showRoundStage(int stage) {
     }
 }
 
-bool Match::roundTick(Step& s) {
-    if (++s.count < roundStages()) {
-        showRoundStage(s.count);
-        s.nextAt += durations::kLoadingStatusMs;
-        return false;
+Match::Next Match::tick(steps::BuildRound& s) {
+    if (++s.stage < roundStages()) {
+        showRoundStage(s.stage);
+        return now_ + durations::kLoadingStatusMs;
     }
     figuresShown_ = boxesShown_ = true;
     showTurnTitle();
@@ -85,7 +79,7 @@ bool Match::roundTick(Step& s) {
     roundOver_ = false;
     loading_.shown = false;
     aimingSince_ = now_;
-    return true;
+    return std::nullopt;
 }
 
 void Match::drawSky() {
