@@ -15,10 +15,12 @@ struct Modes {
     bool allProjectiles = false;
     // "\qix fremble": recognised, but nothing reads it.
     bool invulnerable = false;
+    bool operator==(const Modes&) const = default;
 };
 
 class CodeBuffer {
 public:
+    explicit CodeBuffer(QString text = {}) : text_(std::move(text)) {}
     // Asks `keys` about the code keys of one poll, in their order (Space, the backslash, then the
     // codes 65 to 124), and switches on the mode of a code typed in full. Returns the sounds of
     // the codes recognised.

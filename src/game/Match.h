@@ -56,6 +56,11 @@ struct Carry {
     int tune = 0;
     // How often the run's random numbers were reseeded so far.
     int reseeds = 0;
+    bool operator==(const Carry& o) const {
+        return specials == o.specials && codes.text() == o.codes.text() && modes == o.modes &&
+               projectileFrame == o.projectileFrame && indicatorCount == o.indicatorCount &&
+               tune == o.tune && reseeds == o.reseeds;
+    }
 };
 
 struct MatchSetup {
@@ -141,6 +146,8 @@ struct Board {
     std::vector<BoardRow> rows;
 };
 
+// The angle and velocity boxes hold three characters.
+constexpr int kBoxLength = 3;
 // Only digits can be typed into the angle and velocity boxes; control characters (Backspace,
 // Enter, Tab, the clipboard shortcuts) pass.
 constexpr bool aimingAccepts(char16_t typed) {

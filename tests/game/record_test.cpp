@@ -1,0 +1,136 @@
+// A match's record as text: the format reads back to the very record that was written, it stays
+// what it is (records of this version must play in later versions), and a damaged or foreign
+// record is refused with one line that says why.
+#include "game/Record.h"
+
+#include "GameSupport.h"
+
+using game::Command;
+
+namespace {
+
+// A record of version 1, as the game writes it.
+const char* const kExample =
+    "grumbo2 record 1\n"
+    "seed 18446744073709551615\n"
+    "reseeds 4\n"
+    "gravity 7.5\n"
+    "game 2vs2\n"
+    "time night\n"
+    "frags 5\n"
+    "wind 0\n"
+    "height 12\n"
+    "gusts off\n"
+    "music on\n"
+    "specials 0100 0000 0011 0000\n"
+    "code \\zap p\n"
+    "modes flying invulnerable\n"
+    "frame 3\n"
+    "marker 29\n"
+    "tune 22\n"
+    "player 1 person\n"
+    "name Ann \"the\" Great\n"
+    "character Classic Grumbo\n"
+    "player 2 computer easy\n"
+    "name Computer 2\n"
+    "character Robo Grumbo\n"
+    "player 3 computer hard\n"
+    "name \xc3\xa9mile \xf0\x9f\x91\x8d\n"
+    "character Vostrel\n"
+    "player 4 person\n"
+    "name Dee\n"
+    "character My Own\n"
+    "1720 1 angle 4\n"
+    "1880 1 angle 45\n"
+    "2100 1 angle\n"
+    "2101 1 velocity 6 0\n"
+    "2101 1 choose war\n"
+    "2300 1 throw\n"
+    "2400 3 down 27\n"
+    "2420 3 up 27\n"
+    "5000 2 resume\n"
+    "5000 4 leave\n"
+    "end 5000 left\n";
+
+TEST(Record, ReadsBackWhatItWroteAndKeepsItsFormat) {
+    const game::ReadRecord read = game::readRecord(kExample);
+    ASSERT_TRUE(read.record) << read.error.toStdString();
+    const game::Record& r = *read.record;
+    EXPECT_EQ(r.seed, 18446744073709551615u);
+    EXPECT_EQ(r.settings.gravity, 7.5);
+    EXPECT_EQ(r.settings.players(), 4);
+    EXPECT_EQ(r.settings.timeOfDay, game::TimeOfDay::Night);
+    EXPECT_FALSE(r.settings.windGusts);
+    EXPECT_TRUE(r.carry.specials[0][1] && r.carry.specials[2][2] && r.carry.specials[2][3]);
+    EXPECT_EQ(r.carry.codes.text(), "\\zap p");
+    EXPECT_TRUE(r.carry.modes.flying && r.carry.modes.invulnerable &&
+                !r.carry.modes.allProjectiles);
+    EXPECT_EQ(
+        std::tuple(r.carry.projectileFrame, r.carry.indicatorCount, r.carry.tune, r.carry.reseeds),
+        std::tuple(3, 29, 22, 4));
+    EXPECT_EQ(r.seats[0].name, "Ann \"the\" Great");
+    EXPECT_EQ(r.seats[1].computer, game::Skill::Easy);
+    EXPECT_EQ(r.seats[2].name, QStringLiteral("\u00e9mile \U0001F44D"));
+    EXPECT_EQ(r.seats[3].character, "My Own");
+    ASSERT_EQ(r.commands.size(), 10u);
+    EXPECT_EQ(r.commands[2], (Command{2100, 0, Command::Kind::Angle, {}, 0}));
+    EXPECT_EQ(r.commands[3], (Command{2101, 0, Command::Kind::Velocity, "6 0", 0}));
+    EXPECT_EQ(r.commands[4], (Command{2101, 0, Command::Kind::Choose, {}, 2}));
+    EXPECT_EQ(r.commands[6], (Command{2400, 2, Command::Kind::KeyDown, {}, 27}));
+    EXPECT_EQ(r.commands[9].kind, Command::Kind::Leave);
+    EXPECT_EQ(std::pair(r.endedAt, r.finished), std::pair(5000, false));
+    EXPECT_EQ(game::writeRecord(r), QByteArray(kExample)) << "the same text, byte for byte";
+}
+
+struct Bad {
+    const char* name;
+    const char* replace;  // a line of the example
+    const char* with;     // and what stands there instead
+    const char* reason;   // a part of the message
+};
+
+class BadRecord : public testing::TestWithParam<Bad> {};
+
+TEST_P(BadRecord, IsRefusedWithOneLineSayingWhy) {
+    const Bad& b = GetParam();
+    QByteArray text(kExample);
+    if (*b.replace) {
+        ASSERT_TRUE(text.contains(b.replace)) << b.replace;
+        text.replace(b.replace, b.with);
+    } else {
+        text = b.with;
+    }
+    const game::ReadRecord read = game::readRecord(text);
+    EXPECT_FALSE(read.record);
+    EXPECT_TRUE(read.error.contains(QLatin1String(b.reason))) << read.error.toStdString();
+    EXPECT_FALSE(read.error.contains(QLatin1Char('\n')));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, BadRecord,
+    testing::Values(
+        Bad{"Empty", "", "", "no record"},
+        Bad{"Garbled", "", "\x89PNG\r\n\x1a\n\xff\xfe", "no text"},
+        Bad{"OtherGame", "", "[Desktop Entry]\nName=x\n", "no record"},
+        Bad{"NewerVersion", "grumbo2 record 1", "grumbo2 record 2", "another version"},
+        Bad{"Truncated", "5000 4 leave\nend 5000 left\n", "5000 4 le", "unknown command"},
+        Bad{"NoEnd", "end 5000 left\n", "", "ends before"},
+        Bad{"CutInTheHeader", "frame 3\nmarker 29\n", "fra", "\"frame\" expected"},
+        Bad{"OutOfOrder", "2400 3 down 27", "1000 3 down 27", "out of order"},
+        Bad{"NoSuchSeat", "2420 3 up 27", "2420 5 up 27", "its player"},
+        Bad{"MorePlayersThanTheGame", "game 2vs2", "game 1vs1", "more players"},
+        Bad{"UnknownKey", "2420 3 up 27", "2420 3 up 256", "a key"},
+        Bad{"LongText", "1880 1 angle 45", "1880 1 angle 4500", "more text"},
+        Bad{"UnknownProjectile", "choose war", "choose bomb", "unknown projectile"},
+        Bad{"GravityOutOfRange", "gravity 7.5", "gravity 1e9", "gravity"},
+        Bad{"NegativeTime", "1720 1 angle 4", "-5 1 angle 4", "a command's time"},
+        Bad{"HugeTime", "1720 1 angle 4", "99999999999 1 angle 4", "a command's time"},
+        Bad{"ControlInName", "name Dee", "name D\tee", "no name"},
+        Bad{"EmptyName", "name Dee", "name", "no name"},
+        Bad{"PathAsCharacter", "character My Own", "character ../../etc/x", "no character"},
+        Bad{"EndBeforeLast", "end 5000 left", "end 4000 left", "the end's time"},
+        Bad{"MoreAfterEnd", "end 5000 left\n", "end 5000 left\n1 1 throw\n", "more follows"},
+        Bad{"ArgumentToThrow", "2300 1 throw", "2300 1 throw hard", "takes nothing"}),
+    [](const testing::TestParamInfo<Bad>& info) { return std::string(info.param.name); });
+
+}  // namespace
