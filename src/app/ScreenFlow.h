@@ -17,12 +17,13 @@
 #include "screens/PlayerScreen.h"
 #include "screens/SetupScreen.h"
 #include "screens/TitleScreen.h"
+#include "ui/Keyboard.h"
 
 namespace app {
 
 struct Services {
     media::Sound& sound;
-    game::Keys& keys;
+    ui::Keyboard& keys;
     core::DataFolder data;
     // The seed of the next match's random numbers.
     std::function<std::uint64_t()> seed;

@@ -22,13 +22,10 @@ struct Command {
     // The player, 0 to 3, whose keyboard, mouse or computer sent it.
     int seat = 0;
     Kind kind = Kind::Throw;
-    QString text;
+    QString text{};
     int value = 0;
 
     bool operator==(const Command&) const = default;
 };
-
-// The key codes a command may carry.
-constexpr int kKeyCodes = 256;
 
 }  // namespace game

@@ -152,10 +152,44 @@ std::vector<MatchEvent> Match::takeEvents() { return std::exchange(events_, {});
 
 Match Match::sandbox() const {
     Match copy = *this;
-    copy.keys_ = nullptr;
+    copy.keys_ = Keys();
     copy.pilot_ = nullptr;
     copy.events_.clear();
+    copy.commands_.clear();
     return copy;
+}
+
+bool Match::apply(const Command& c) {
+    using Kind = Command::Kind;
+    const bool known = c.seat >= 0 && c.seat < players() &&
+                       (c.kind != Kind::Choose || (c.value >= 0 && c.value < kKinds)) &&
+                       ((c.kind != Kind::KeyDown && c.kind != Kind::KeyUp) ||
+                        (c.value >= 0 && c.value < Keys::kCount)) &&
+                       c.text.size() <= kBoxLength;
+    if (!known || c.at < clock()) return false;
+    advance(c.at - clock());
+    commands_.push_back(c);
+    // Only the thrower's own keyboard, mouse or computer aims and throws for him.
+    const bool thrower = c.seat == current_;
+    switch (c.kind) {
+        case Kind::Angle:
+            if (thrower) setAngleText(c.text);
+            break;
+        case Kind::Velocity:
+            if (thrower) setVelocityText(c.text);
+            break;
+        case Kind::Choose:
+            if (thrower) chooseProjectile(static_cast<ProjectileKind>(c.value));
+            break;
+        case Kind::Throw:
+            if (thrower) throwProjectile();
+            break;
+        case Kind::KeyDown: keys_.down(c.value); break;
+        case Kind::KeyUp: keys_.up(c.value); break;
+        case Kind::Resume: resume(); break;
+        case Kind::Leave: left_ = true; break;
+    }
+    return true;
 }
 
 // ---- Steps ---------------------------------------------------------------------------------

@@ -15,6 +15,7 @@
 #include "core/Canvas.h"
 #include "core/Random.h"
 #include "game/Codes.h"
+#include "game/Command.h"
 #include "game/Damage.h"
 #include "game/Durations.h"
 #include "game/Figure.h"
@@ -163,14 +164,24 @@ public:
     // Match time of the next thing that happens on its own, relative to now.
     int msUntilNextEvent() const;
     std::vector<MatchEvent> takeEvents();
-    // Where the keyboard trap asks about keys; none for a match nobody types into.
-    void setKeys(Keys* keys) { keys_ = keys; }
     // Who plays the computer's seats; none for a match of people only.
     void setPilot(Pilot* pilot) { pilot_ = pilot; }
-    // A copy to try things on: no keys, no pilot, no events of its own so far.
+    // A copy to try things on: no keys down, no pilot, no events or commands of its own so far.
     Match sandbox() const;
 
-    // ---- What the players do ----------------------------------------------------------------
+    // ---- What enters the match --------------------------------------------------------------
+    // Moves the match on to the command's time and applies it; false, and nothing happens, for
+    // a command from before the match's clock, of a seat the match does not have, or that
+    // carries what no keyboard, mouse or computer could send.
+    bool apply(const Command& command);
+    // Every command applied so far, in order: with the setup, the whole match.
+    const std::vector<Command>& commands() const { return commands_; }
+    // Milliseconds since the match began, pauses included: the time commands are given at.
+    int clock() const { return now_ + pausedFor_; }
+    // A command left the match.
+    bool left() const { return left_; }
+
+    // ---- What the players do (to be sent as commands) -----------------------------------------
     void setAngleText(const QString& text);
     void setVelocityText(const QString& text);
     // The selector of `kind`, when it shows.
@@ -333,7 +344,9 @@ private:
     MatchSettings settings_;
     core::Random random_;
     int reseeds_ = 0;
-    Keys* keys_ = nullptr;
+    Keys keys_;
+    std::vector<Command> commands_;
+    bool left_ = false;
     Pilot* pilot_ = nullptr;
     std::vector<MatchEvent> events_;
 

@@ -100,15 +100,14 @@ void Match::touchBuilding(int x) {
 }
 
 void Match::trapPoll() {
-    if (!keys_) return;
     // From the deciding hit on, the box to come is the game-over box; a pause box opened then
     // would leave a finished match waiting for "Resume".
-    if (keys_->pressed(key::kEscape) && !fragLimitReached()) {
+    if (keys_.pressed(key::kEscape) && !fragLimitReached()) {
         paused_ = true;
         events_.push_back({MatchEvent::Kind::Paused, {}, 0});
     }
     if (flyWithArrows()) return;
-    for (const QString& sound : codes_.read(*keys_, modes_)) play(sound);
+    for (const QString& sound : codes_.read(keys_, modes_)) play(sound);
 }
 
 bool Match::flyWithArrows() {
@@ -121,7 +120,7 @@ bool Match::flyWithArrows() {
     // Only the first arrow pressed in a poll counts; the others are not even asked, so a key
     // still held is seen by the next poll.
     for (const auto& a : kArrows) {
-        if (!keys_->pressed(a.key)) continue;
+        if (!keys_.pressed(a.key)) continue;
         Figure& f = figureOf(current_);
         if (modes_.flying) f.pos += QPoint(a.dx, a.dy);
         // Redrawn at its place whether it moved or not, and the projectile parked at its hand,

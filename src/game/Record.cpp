@@ -204,7 +204,7 @@ std::optional<Command> readCommand(Reader& in, int players, int after) {
         case Command::Kind::Choose: c.value = in.oneOf(argument, kKindNames, "projectile"); break;
         case Command::Kind::KeyDown:
         case Command::Kind::KeyUp:
-            c.value = static_cast<int>(in.whole(argument, 0, kKeyCodes - 1, "a key"));
+            c.value = static_cast<int>(in.whole(argument, 0, Keys::kCount - 1, "a key"));
             break;
         default:
             if (!argument.isEmpty()) in.fail(QStringLiteral("\"%1\" takes nothing").arg(kind));

@@ -31,13 +31,12 @@ struct MatchView::Look {
     bool operator==(const Look&) const = default;
 };
 
-MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, game::Keys& keys,
+MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, ui::Keyboard& keyboard,
                      core::DataFolder data)
     : ui::Window(game::kFieldWidth, game::kFieldHeight + kStripHeight, Qt::Window),
       match_(setup),
       pilot_(setup.seed ^ kPilotSeedMix),
       sound_(sound),
-      keys_(keys),
       data_(std::move(data)) {
     match_.setPilot(&pilot_);
     field_ = new MatchField(this, match_);
@@ -47,6 +46,11 @@ MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, game::K
     // it, has the keyboard: Escape pauses the start too.
     QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow* w) {
         if (w && (w == windowHandle() || (loading_ && w == loading_->windowHandle()))) hearKeys();
+    });
+    QObject::connect(&keyboard, &ui::Keyboard::changed, this, [this](int key, bool down) {
+        if (!keysHeard_) return;
+        using Kind = game::Command::Kind;
+        send({.kind = down ? Kind::KeyDown : Kind::KeyUp, .value = key});
     });
     lastTick_ = ui::clock().tickCount();
     refresh();
@@ -58,9 +62,18 @@ MatchView::~MatchView() {
 }
 
 void MatchView::resume() {
-    match_.resume();
-    refresh();
+    send({.kind = game::Command::Kind::Resume});
     ui::giveFocus(this);
+}
+
+void MatchView::send(game::Command command) {
+    // The command takes effect now: the match first catches up with the clock.
+    step();
+    command.at = match_.clock();
+    // What the keyboard and the mouse do counts for the player whose turn it is.
+    command.seat = match_.currentPlayer();
+    match_.apply(command);
+    refresh();
 }
 
 void MatchView::step() {
@@ -71,11 +84,8 @@ void MatchView::step() {
 }
 
 void MatchView::hearKeys() {
-    if (keysHeard_) return;
-    // Keys that went down before are not the match's (Escape that left the credits): asking about
-    // each once forgets it.
-    for (int key = 0; key < 256; ++key) keys_.pressed(key);
-    match_.setKeys(&keys_);
+    // Keys that went down before are not the match's (Escape that left the credits): the match
+    // hears only what comes from now on.
     keysHeard_ = true;
 }
 

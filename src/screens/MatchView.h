@@ -11,6 +11,7 @@
 #include "game/Match.h"
 #include "media/Sound.h"
 #include "screens/LoadingBox.h"
+#include "ui/Keyboard.h"
 #include "ui/Timer.h"
 #include "ui/Window.h"
 
@@ -21,13 +22,15 @@ class MatchStrip;
 
 class MatchView : public ui::Window {
 public:
-    MatchView(const game::MatchSetup& setup, media::Sound& sound, game::Keys& keys,
+    MatchView(const game::MatchSetup& setup, media::Sound& sound, ui::Keyboard& keyboard,
               core::DataFolder data);
     ~MatchView() override;
 
     const game::Match& match() const { return match_; }
     // After the pause box: the match goes on, and its window takes the keyboard again.
     void resume();
+    // Gives the match what a player or the window did, now.
+    void send(game::Command command);
 
     MatchStrip* strip() const { return strip_; }
     MatchField* field() const { return field_; }
@@ -47,7 +50,6 @@ private:
     game::Match match_;
     computer::Autopilot pilot_;
     media::Sound& sound_;
-    game::Keys& keys_;
     bool keysHeard_ = false;
     core::DataFolder data_;
     MatchField* field_ = nullptr;

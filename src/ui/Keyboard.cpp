@@ -55,39 +55,22 @@ int Keyboard::toKey(int qtKey, bool keypad) {
     }
 }
 
-void Keyboard::press(int key, QWidget* window) {
-    if (key < 0 || key >= kKeys) return;
-    const auto k = static_cast<std::size_t>(key);
-    down_[k] = pressed_[k] = true;
-    inWindow_[k] = window != nullptr;
-    window_[k] = window;
-}
-
-void Keyboard::release(int key) {
-    if (key < 0 || key >= kKeys) return;
-    down_[static_cast<std::size_t>(key)] = false;
-}
-
-bool Keyboard::pressed(int key) {
-    if (key < 0 || key >= kKeys) return false;
-    const auto k = static_cast<std::size_t>(key);
-    if (inWindow_[k] && !window_[k]) down_[k] = false;
-    const bool result = pressed_[k] && down_[k];
-    pressed_[k] = false;
-    return result;
-}
-
 bool Keyboard::eventFilter(QObject* watched, QEvent* event) {
-    // A key event reaches the filter once for the window and once for every widget it travels
-    // through; only the widgets' deliveries count.
     const bool down = event->type() == QEvent::KeyPress;
     if ((down || event->type() == QEvent::KeyRelease) && watched->isWidgetType()) {
         auto* ke = static_cast<QKeyEvent*>(event);
         const int key = toKey(ke->key(), ke->modifiers().testFlag(Qt::KeypadModifier));
-        // A held key repeats as a typed one does, so holding an arrow key keeps the thrower
-        // flying; the release that the window system sends between two repeats is no release.
-        if (down) press(key, static_cast<QWidget*>(watched)->window());
-        else if (!ke->isAutoRepeat()) release(key);
+        // A key event reaches the filter once for every widget it travels through, up to the
+        // window: it counts once.
+        const Seen seen{ke->timestamp(), event->type(), key};
+        if (key >= 0 && !(seen == last_)) {
+            last_ = seen;
+            // A held key repeats as a typed one does, so holding an arrow key keeps the thrower
+            // flying; the release that the window system sends between two repeats is no
+            // release.
+            if (down) press(key);
+            else if (!ke->isAutoRepeat()) release(key);
+        }
     }
     return QObject::eventFilter(watched, event);
 }

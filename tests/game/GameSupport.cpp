@@ -53,10 +53,7 @@ game::MatchSetup CalmSetup(int players, std::uint64_t seed) {
     return s;
 }
 
-Play::Play(const game::MatchSetup& setup) : match(setup) {
-    match.setKeys(&keys);
-    collect();
-}
+Play::Play(const game::MatchSetup& setup) : match(setup) { collect(); }
 
 Play& Play::started() {
     EXPECT_TRUE(runUntil([&] { return match.phase() == game::Phase::Aiming; }));
@@ -80,19 +77,26 @@ bool Play::runUntil(const std::function<bool()>& done, int limitMs) {
     return done();
 }
 
-bool Play::throwAt(int angle, int velocity, game::ProjectileKind kind) {
-    match.chooseProjectile(kind);
-    match.setAngleText(QString::number(angle));
-    match.setVelocityText(QString::number(velocity));
-    if (!match.canThrow()) return false;
-    match.throwProjectile();
+bool Play::send(game::Command::Kind kind, const QString& text, int value) {
+    const bool applied = match.apply({match.clock(), match.currentPlayer(), kind, text, value});
     collect();
+    return applied;
+}
+
+bool Play::throwAt(int angle, int velocity, game::ProjectileKind kind) {
+    using Kind = game::Command::Kind;
+    send(Kind::Choose, {}, static_cast<int>(kind));
+    send(Kind::Angle, QString::number(angle));
+    send(Kind::Velocity, QString::number(velocity));
+    if (!match.canThrow()) return false;
+    send(Kind::Throw);
     return runUntil([&] { return match.over() || match.phase() == game::Phase::Aiming; });
 }
 
 void Play::tap(int key) {
-    keys.held.insert(key);
+    send(game::Command::Kind::KeyDown, {}, key);
     run(20);
+    send(game::Command::Kind::KeyUp, {}, key);
 }
 
 void Play::type(const QString& text) {

@@ -20,13 +20,6 @@ game::MatchSetup ShippedSetup(int players = 2, std::uint64_t seed = 42);
 // The same in a calm city: no wind blows a projectile off its way.
 game::MatchSetup CalmSetup(int players = 2, std::uint64_t seed = 42);
 
-// Keys held down for the trap's next poll.
-class HeldKeys : public game::Keys {
-public:
-    bool pressed(int key) override { return held.erase(key) > 0; }
-    std::multiset<int> held;
-};
-
 // A match with the keys and the event log a test needs.
 class Play {
 public:
@@ -39,6 +32,8 @@ public:
     // Types angle and velocity, chooses `kind` and throws; returns once the turn has passed or
     // the match has ended.
     bool throwAt(int angle, int velocity, game::ProjectileKind kind = game::ProjectileKind::Normal);
+    // Gives the match a command from the current player, now.
+    bool send(game::Command::Kind kind, const QString& text = {}, int value = 0);
     // Presses `key` for one poll of the keyboard trap.
     void tap(int key);
     void type(const QString& text);
@@ -50,7 +45,6 @@ public:
     bool dropOn(int target, game::ProjectileKind kind = game::ProjectileKind::Normal);
 
     game::Match match;
-    HeldKeys keys;
     // Every event so far, sounds as their files.
     QStringList sounds;
     std::vector<game::MatchEvent> events;
