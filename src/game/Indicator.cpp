@@ -11,15 +11,14 @@ constexpr int kPictureAbove = 75, kLabelAbove = 95;
 constexpr int kBob[7] = {0, 8, -4, -4, 8, -4, -4};
 }  // namespace
 
-void Indicator::start(const core::Canvas& marker, const QRect& character, const QString& name,
-                      int now) {
+void Indicator::start(const core::Canvas& marker, const QRect& character, int player, int now) {
     // A fresh copy every time, so that its white is white again for the blending.
     picture_ = marker;
     const double centre = character.left() + character.width() / 2.0;
     picturePos_ = {core::roundHalfEven(centre - picture_.width() / 2.0),
                    character.top() - kPictureAbove};
     labelPos_ = {core::roundHalfEven(centre - kLabelWidth / 2.0), character.top() - kLabelAbove};
-    name_ = name;
+    player_ = player;
     running_ = true;
     nextTick_ = now + kTickMs;
 }

@@ -17,7 +17,7 @@ public:
 
     // Marks the character at `character`. A marker still bobbing moves there and goes on counting
     // its ticks from where it was.
-    void start(const core::Canvas& marker, const QRect& character, const QString& name, int now);
+    void start(const core::Canvas& marker, const QRect& character, int player, int now);
     // One tick at match time `now`: the picture's white takes the sky behind it, then it bobs.
     void tick(const core::Canvas& sky, int now);
 
@@ -27,14 +27,15 @@ public:
     const core::Canvas& picture() const { return picture_; }
     QPoint picturePos() const { return picturePos_; }
     QPoint labelPos() const { return labelPos_; }
-    const QString& name() const { return name_; }
+    // Whose turn it marks; the view writes his name under the picture.
+    int player() const { return player_; }
     // Ticks of the animation so far; it carries over into the next match of a run.
     int count = 0;
 
 private:
     core::Canvas picture_;
     QPoint picturePos_, labelPos_;
-    QString name_;
+    int player_ = 0;
     bool running_ = false, visible_ = false;
     int nextTick_ = 0;
 };

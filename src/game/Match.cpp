@@ -27,7 +27,6 @@ Match::Match(const MatchSetup& setup)
       random_(setup.seed),
       nextPoll_(kPollMs),
       nextMusicTick_(kNever),
-      title_(QStringLiteral("Grumbo")),
       sky_(kFieldWidth, kFieldHeight),
       scene_(sky_),
       flightTickMs_(kDesignedFlightTickMs),
@@ -288,11 +287,6 @@ void Match::chooseProjectile(ProjectileKind kind) {
 }
 
 void Match::resume() { paused_ = false; }
-
-QString Match::panelLine(int player) const {
-    const auto& points = panelPoints_[static_cast<std::size_t>(player)];
-    return points ? name(player) + QStringLiteral(": ") + QString::number(*points) : QString();
-}
 
 bool Match::holds(int player, ProjectileKind kind) const {
     return specials_[static_cast<std::size_t>(player)][index(kind)];

@@ -139,12 +139,17 @@ struct Impact {
     int player = -1;
 };
 
+// The final board's figures: the side score, then a row a player.
 struct BoardRow {
-    QString frags, points, accuracy, name;
+    int frags, points, accuracy, player;
 };
 struct Board {
-    QString left, right;
+    int left, right;
     std::vector<BoardRow> rows;
+};
+// Whose turn the window's title names, with his points when his turn began.
+struct Headline {
+    int player, points;
 };
 
 // The angle and velocity boxes hold three characters.
@@ -199,7 +204,8 @@ public:
     bool gameOverShown() const { return gameOverShown_; }
     int now() const { return now_; }
 
-    const QString& title() const { return title_; }
+    // None until the first round stands.
+    const std::optional<Headline>& headline() const { return headline_; }
     const Loading& loading() const { return loading_; }
     const core::Canvas& sky() const { return sky_; }
     const core::Canvas& scene() const { return scene_; }
@@ -210,10 +216,11 @@ public:
     // after the match.
     bool boxesShown() const { return boxesShown_; }
     const core::Canvas& windBox() const { return windBox_; }
-    const QString& windLabel() const { return windLabel_; }
     const Wind& wind() const { return wind_; }
-    // The player's line in the points box: empty until the end of his first throw.
-    QString panelLine(int player) const;
+    // The player's points as the points box shows them: none until the end of his first throw.
+    std::optional<int> panelPoints(int player) const {
+        return panelPoints_[static_cast<std::size_t>(player)];
+    }
     const Indicator& indicator() const { return indicator_; }
     const PointsPopup& popup() const { return popup_; }
     const std::optional<Board>& board() const { return board_; }
@@ -362,7 +369,7 @@ private:
     std::optional<Running> underWay_;
     std::deque<Step> steps_;
 
-    QString title_;
+    std::optional<Headline> headline_;
     Loading loading_;
     core::Canvas sky_, scene_;
     std::array<Figure, 4> figures_;
@@ -379,7 +386,6 @@ private:
     int flightTickMs_;
     Wind wind_;
     core::Canvas windBox_;
-    QString windLabel_;
     Indicator indicator_;
     PointsPopup popup_;
     std::optional<Board> board_;

@@ -205,10 +205,10 @@ void Match::endMatch() {
         scene_.line(0, y, scene_.width() - 1, y,
                     core::Colour(darker(c.red()), darker(c.green()), darker(c.blue())));
     }
-    Board b{QString::number(leftScore_), QString::number(rightScore_), {}};
+    Board b{leftScore_, rightScore_, {}};
     for (int i = 0; i < players(); ++i)
-        b.rows.push_back({QString::number(stats(i).frags), QString::number(stats(i).points),
-                          accuracyText(stats(i).frags, stats(i).misses), name(i)});
+        b.rows.push_back(
+            {stats(i).frags, stats(i).points, accuracyPercent(stats(i).frags, stats(i).misses), i});
     board_ = b;
 }
 

@@ -115,7 +115,6 @@ void Match::redrawWindBox() {
     // The box shows the sky behind it, without buildings, under the arrow.
     windBox_.blit(sky_, -kWindBox.left(), -kWindBox.top());
     drawWindArrow(windBox_, wind_);
-    windLabel_ = windText(wind_);
 }
 
 void Match::alignProjectile() {
@@ -126,13 +125,8 @@ void Match::alignProjectile() {
     flight_.hand = projectile_.pos;
 }
 
-void Match::showTurnTitle() {
-    title_ = name(current_) + QStringLiteral(" - ") + QString::number(stats(current_).points) +
-             QStringLiteral(" pts");
-}
+void Match::showTurnTitle() { headline_ = Headline{current_, stats(current_).points}; }
 
-void Match::markTurn() {
-    indicator_.start(setup_.marker, figure(current_).rect(), name(current_), now_);
-}
+void Match::markTurn() { indicator_.start(setup_.marker, figure(current_).rect(), current_, now_); }
 
 }  // namespace game

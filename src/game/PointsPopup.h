@@ -25,7 +25,7 @@ public:
 
     bool visible() const { return visible_; }
     int endsAt() const { return started_ + kDurationMs; }
-    QString text() const { return QString::number(points_); }
+    int points() const { return points_; }
     // The popup's top-left corner.
     QPoint pos() const { return {left_, top_}; }
     core::Colour colour() const { return colour_; }

@@ -42,10 +42,9 @@ std::optional<ProjectileKind> drawAward(core::Random& random, int wasted) {
     return award ? std::optional(kind) : std::nullopt;
 }
 
-QString accuracyText(int frags, int misses) {
-    if (frags == 0) return QStringLiteral("0 %");
-    const double share = static_cast<double>(frags) / (misses + frags) * 100;
-    return QString::number(static_cast<long>(std::floor(share))) + QStringLiteral(" %");
+int accuracyPercent(int frags, int misses) {
+    if (frags == 0) return 0;
+    return static_cast<int>(std::floor(static_cast<double>(frags) / (misses + frags) * 100));
 }
 
 }  // namespace game

@@ -29,7 +29,8 @@ std::optional<int> nearMissPoints(GameType type, int thrower, int impactX,
 // after four or more never.
 std::optional<ProjectileKind> drawAward(core::Random& random, int wasted);
 
-// "75 %"; a player who never hit shows "0 %".
-QString accuracyText(int frags, int misses);
+// The share of his throws that fragged, in whole percent rounded down; 0 for a player who never
+// hit.
+int accuracyPercent(int frags, int misses);
 
 }  // namespace game

@@ -45,8 +45,4 @@ void drawWindArrow(core::Canvas& box, const Wind& wind) {
     box.line(tip - 2 * back, 6, tip - 2 * back, 7, kWindColour);
 }
 
-QString windText(const Wind& wind) {
-    return core::numberText(wind.strength * 100) + QStringLiteral(" pps");
-}
-
 }  // namespace game

@@ -37,7 +37,5 @@ Wind gust(const Wind& now, core::Random& random, int extremity);
 // Draws the arrow into the wind box (its own coordinates): longer with the strength, its head
 // on the side the wind blows to.
 void drawWindArrow(core::Canvas& box, const Wind& wind);
-// "21 pps" for a strength of 0.21.
-QString windText(const Wind& wind);
 
 }  // namespace game

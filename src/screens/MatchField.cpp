@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "game/Match.h"
+#include "screens/MatchTexts.h"
 #include "ui/Fonts.h"
 
 namespace screens {
@@ -53,31 +54,31 @@ void drawBoxes(QPainter& p, const game::Match& m) {
     p.setFont(ui::tahoma(ui::kSmallText));
     for (int i = 0; i < m.players(); ++i)
         text(p, QRect(kPointsBox.topLeft() + kFirstLine + QPoint(0, kLineStep * i), kLine),
-             m.panelLine(i), Qt::white);
+             panelLine(m, i), Qt::white);
     p.drawImage(game::kWindBox.topLeft(), m.windBox().image());
-    text(p, kWindLabel.translated(game::kWindBox.topLeft()), m.windLabel(),
+    text(p, kWindLabel.translated(game::kWindBox.topLeft()), windText(m.wind()),
          QColor::fromRgb(game::kWindColour.rgb()), Qt::AlignCenter);
 }
 
-void drawBoard(QPainter& p, const game::Board& b) {
+void drawBoard(QPainter& p, const game::Match& m, const game::Board& b) {
     p.setFont(ui::tahoma(ui::kLargeText, true));
     const auto cell = [&](int left, int top, int width, const QString& s, const QColor& c) {
         text(p, QRect(left, top, width, kBoardHeight), s, c);
     };
     cell(272, 40, 65, QStringLiteral("Score:"), kGrey);
-    cell(344, 40, 25, b.left, kScoreColour);
+    cell(344, 40, 25, QString::number(b.left), kScoreColour);
     cell(376, 40, 25, QStringLiteral("to"), kGrey);
-    cell(408, 40, 25, b.right, kScoreColour);
+    cell(408, 40, 25, QString::number(b.right), kScoreColour);
     cell(104, 80, 121, QStringLiteral("Frags"), kGrey);
     cell(232, 80, 121, QStringLiteral("Points"), kGrey);
     cell(360, 80, 121, QStringLiteral("Accuracy"), kGrey);
     cell(488, 80, 121, QStringLiteral("Name"), kGrey);
     for (std::size_t i = 0; i < b.rows.size(); ++i) {
         const int top = 112 + 32 * static_cast<int>(i);
-        cell(104, top, 121, b.rows[i].frags, Qt::white);
-        cell(232, top, 121, b.rows[i].points, Qt::white);
-        cell(360, top, 121, b.rows[i].accuracy, Qt::white);
-        cell(520, top, 193, b.rows[i].name, Qt::white);
+        cell(104, top, 121, QString::number(b.rows[i].frags), Qt::white);
+        cell(232, top, 121, QString::number(b.rows[i].points), Qt::white);
+        cell(360, top, 121, accuracyText(b.rows[i].accuracy), Qt::white);
+        cell(520, top, 193, m.name(b.rows[i].player), Qt::white);
     }
 }
 
@@ -85,12 +86,12 @@ void drawMarkerAndPopup(QPainter& p, const game::Match& m) {
     p.setFont(ui::tahoma(ui::kSmallText));
     const game::PointsPopup& popup = m.popup();
     if (popup.visible())
-        text(p, QRect(popup.pos(), game::PointsPopup::kSize), popup.text(),
+        text(p, QRect(popup.pos(), game::PointsPopup::kSize), QString::number(popup.points()),
              QColor::fromRgb(popup.colour().rgb()), Qt::AlignCenter);
     const game::Indicator& marker = m.indicator();
     if (!marker.visible()) return;
     text(p, QRect(marker.labelPos(), QSize(game::Indicator::kLabelWidth, kNameLabelHeight)),
-         marker.name(), Qt::white, Qt::AlignCenter);
+         m.name(marker.player()), Qt::white, Qt::AlignCenter);
     p.drawImage(marker.picturePos(), marker.picture().image());
 }
 }  // namespace
@@ -110,7 +111,7 @@ void MatchField::paintEvent(QPaintEvent*) {
         p.drawImage(m.projectile().pos, withoutWhite(m.projectile().picture()));
     if (m.figuresShown()) drawFigure(p, m, 0);
     if (m.boxesShown()) drawBoxes(p, m);
-    if (m.board()) drawBoard(p, *m.board());
+    if (m.board()) drawBoard(p, m, *m.board());
     if (m.figuresShown())
         for (int i = 1; i < m.players(); ++i) drawFigure(p, m, i);
     drawMarkerAndPopup(p, m);

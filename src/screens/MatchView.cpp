@@ -8,6 +8,7 @@
 #include "screens/LoadingBox.h"
 #include "screens/MatchField.h"
 #include "screens/MatchStrip.h"
+#include "screens/MatchTexts.h"
 #include "ui/Clock.h"
 #include "ui/OwnedBox.h"
 
@@ -96,7 +97,7 @@ void MatchView::refresh() {
     // The strip first: a turn that began opens the angle box, which then takes the keyboard.
     strip_->sync();
     playEvents();
-    const QString title = ui::plainTitle(match_.title());
+    const QString title = ui::plainTitle(matchTitle(match_));
     if (windowTitle() != title) setWindowTitle(title);
     const game::Loading& loading = match_.loading();
     if (loading.shown) {
@@ -139,7 +140,8 @@ MatchView::Look MatchView::look() const {
     l.pictures = {m.scene().image().cacheKey(), m.windBox().image().cacheKey(),
                   m.indicator().picture().image().cacheKey()};
     l.places = {m.projectile().pos, m.indicator().picturePos(), m.popup().pos()};
-    l.texts = {m.windLabel(), m.popup().text(), m.indicator().name()};
+    l.texts = {windText(m.wind()), QString::number(m.popup().points()),
+               m.name(m.indicator().player())};
     l.states = {m.figuresShown(),           m.boxesShown(),
                 m.projectile().shown,       static_cast<int>(m.projectile().kind),
                 m.projectile().frame,       m.popup().visible(),
@@ -148,7 +150,7 @@ MatchView::Look MatchView::look() const {
     for (int i = 0; i < m.players(); ++i) {
         l.pictures.push_back(m.figure(i).canvas().image().cacheKey());
         l.places.push_back(m.figure(i).pos);
-        l.texts.push_back(m.panelLine(i));
+        l.texts.push_back(panelLine(m, i));
     }
     return l;
 }

@@ -112,7 +112,7 @@ TEST(Impact, ThePopupRisesAPixelEvery21MsThenFadesIntoTheCityBehindIt) {
     PointsPopup p;
     p.start(25000, 100, 44, 300, 0);
     EXPECT_EQ(p.pos(), QPoint(94, 290)) << "centred over the character, 10 above him";
-    EXPECT_EQ(p.text(), "25000");
+    EXPECT_EQ(p.points(), 25000);
     for (const auto& [at, top, colour] : {std::tuple(20, 290, white),
                                           {21, 289, white},
                                           {588, 262, white},
@@ -131,7 +131,7 @@ TEST(Impact, TheMarkerBobsTwiceRestsAndIsGoneAtTheFifteenthTick) {
     core::Canvas marker(20, 24);
     marker.fillRect(5, 5, 14, 18, kBody);
     Indicator i;
-    i.start(marker, {100, 300, 44, 70}, QStringLiteral("Ann"), 0);
+    i.start(marker, {100, 300, 44, 70}, 0, 0);
     EXPECT_EQ(i.picturePos(), QPoint(112, 225));
     EXPECT_EQ(i.labelPos(), QPoint(48, 205)) << "147 wide, centred, ties to even";
     EXPECT_FALSE(i.visible()) << "until the first tick";
@@ -142,7 +142,7 @@ TEST(Impact, TheMarkerBobsTwiceRestsAndIsGoneAtTheFifteenthTick) {
     }
     EXPECT_EQ(i.picture().point(0, 0), kSky) << "its white takes the sky";
     // Marked again while it runs: it moves, and the count goes on, so it ends sooner.
-    i.start(marker, {400, 200, 44, 70}, QStringLiteral("Bo"), 0);
+    i.start(marker, {400, 200, 44, 70}, 1, 0);
     EXPECT_EQ(i.picturePos(), QPoint(412, 125));
     i.tick(sky, 2000);
     EXPECT_FALSE(i.visible() || i.running());

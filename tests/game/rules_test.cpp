@@ -138,11 +138,11 @@ TEST(Rules, HitPointsGoByTheSidesAndAccuracyIsRoundedDown) {
                 {k2v2, 1, 2, 25000}, {k2v2, 2, 3, -5000}, {k2v2, 3, 0, 25000}};
     for (const auto& h : hits)
         EXPECT_EQ(hitPoints(h.type, h.thrower, h.hit), h.points) << h.thrower << " hits " << h.hit;
-    EXPECT_EQ(accuracyText(0, 5), "0 %");
-    EXPECT_EQ(accuracyText(2, 3), "40 %");
-    EXPECT_EQ(accuracyText(1, 2), "33 %");
-    EXPECT_EQ(accuracyText(3, 1), "75 %");
-    EXPECT_EQ(accuracyText(2, 1), "66 %");
+    EXPECT_EQ(accuracyPercent(0, 5), 0);
+    EXPECT_EQ(accuracyPercent(2, 3), 40);
+    EXPECT_EQ(accuracyPercent(1, 2), 33);
+    EXPECT_EQ(accuracyPercent(3, 1), 75);
+    EXPECT_EQ(accuracyPercent(2, 1), 66);
 }
 
 struct AwardRow {
