@@ -284,6 +284,31 @@ TEST_F(ScreensTest, APictureDrawnInPlaceIsPaintedOnTheScreenAgain) {
     EXPECT_EQ(count.paints, 1);
 }
 
+TEST_F(ScreensTest, TheFieldIsPaintedWhenTheMatchChangesAndNotWhileNothingMoves) {
+    screens::MatchView view(CalmSetup(), sound, keys, ShippedData());
+    view.showCentred();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    const game::Match& m = view.match();
+    clock.runUntil([&] { return m.phase() == game::Phase::Aiming; }, 5000);
+    // The turn marker bobs and goes within two seconds; then the city stands still.
+    clock.advance(2500);
+    struct PaintCount : QObject {
+        int paints = 0;
+        bool eventFilter(QObject*, QEvent* e) override {
+            paints += e->type() == QEvent::Paint;
+            return false;
+        }
+    } count;
+    view.field()->installEventFilter(&count);
+    clock.advance(3000);
+    EXPECT_EQ(count.paints, 0) << "a waiting match costs no painting";
+    view.strip()->angleBox()->setText(QStringLiteral("45"));
+    view.strip()->velocityBox()->setText(QStringLiteral("60"));
+    view.strip()->throwButton()->click();
+    clock.advance(200);
+    EXPECT_GE(count.paints, 3) << "the flight is painted as it goes";
+}
+
 using SeeThroughField = ScreensTest;
 
 TEST_F(SeeThroughField, TheThrowerHidesAProjectileFallingPastHim) {

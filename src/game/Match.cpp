@@ -73,6 +73,7 @@ void Match::advance(int ms) {
         pausedFor_ += end - now_;
     }
     popup_.advanceTo(now_, scene_);
+    if (popup_.visible()) changed_ = true;
 }
 
 int Match::msUntilNextEvent() const {
@@ -109,9 +110,9 @@ void Match::run(Due what) {
     switch (what) {
         case Due::Poll:
             nextPoll_ += kPollMs;
-            trapPoll();
-            break;
-        case Due::Music: musicTick(); break;
+            if (trapPoll()) changed_ = true;
+            return;
+        case Due::Music: musicTick(); return;
         case Due::Indicator: indicator_.tick(sky_, now_); break;
         case Due::FlightTick:
             nextFlightTick_ += flightTickMs_;
@@ -131,6 +132,7 @@ void Match::run(Due what) {
             break;
         case Due::Pilot: pilot_->act(*this); break;
     }
+    changed_ = true;
 }
 
 void Match::musicTick() {
@@ -168,6 +170,7 @@ bool Match::apply(const Command& c) {
     if (!known || c.at < clock()) return false;
     advance(c.at - clock());
     commands_.push_back(c);
+    changed_ = true;
     // Only the thrower's own keyboard, mouse or computer aims and throws for him.
     const bool thrower = c.seat == current_;
     switch (c.kind) {

@@ -169,6 +169,9 @@ public:
     // Match time of the next thing that happens on its own, relative to now.
     int msUntilNextEvent() const;
     std::vector<MatchEvent> takeEvents();
+    // Whether what the field shows may have changed since the last time the view asked: the
+    // match's one notice of change, beside its events.
+    bool takeChange() { return std::exchange(changed_, false); }
     // Who plays the computer's seats; none for a match of people only.
     void setPilot(Pilot* pilot) { pilot_ = pilot; }
     // A copy to try things on: no keys down, no pilot, no events or commands of its own so far.
@@ -330,7 +333,8 @@ private:
     void collisionCheck();
     void touchBuilding(int x);
     bool rightSide(int player) const;
-    void trapPoll();
+    // True when the poll paused the match or moved the thrower.
+    bool trapPoll();
     bool flyWithArrows();
 
     // Hits, craters, turns and the end (MatchImpact.cpp, MatchTurn.cpp).
@@ -356,6 +360,7 @@ private:
     bool left_ = false;
     Pilot* pilot_ = nullptr;
     std::vector<MatchEvent> events_;
+    bool changed_ = true;
 
     // Match time stands still while paused; the music keeps its own count of real time.
     int now_ = 0;

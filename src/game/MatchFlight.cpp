@@ -99,15 +99,17 @@ void Match::touchBuilding(int x) {
     }
 }
 
-void Match::trapPoll() {
+bool Match::trapPoll() {
     // From the deciding hit on, the box to come is the game-over box; a pause box opened then
     // would leave a finished match waiting for "Resume".
-    if (keys_.pressed(key::kEscape) && !fragLimitReached()) {
+    const bool pause = keys_.pressed(key::kEscape) && !fragLimitReached();
+    if (pause) {
         paused_ = true;
         events_.push_back({MatchEvent::Kind::Paused, {}, 0});
     }
-    if (flyWithArrows()) return;
+    if (flyWithArrows()) return true;
     for (const QString& sound : codes_.read(keys_, modes_)) play(sound);
+    return pause;
 }
 
 bool Match::flyWithArrows() {

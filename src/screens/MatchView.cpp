@@ -23,15 +23,6 @@ constexpr int kLongestWaitMs = 1000;
 constexpr std::uint64_t kPilotSeedMix = 0x9e3779b97f4a7c15;
 }  // namespace
 
-// What the field shows, as far as it can change: the field is repainted when this does.
-struct MatchView::Look {
-    std::vector<qint64> pictures;
-    std::vector<QPoint> places;
-    std::vector<QString> texts;
-    std::vector<int> states;
-    bool operator==(const Look&) const = default;
-};
-
 MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, ui::Keyboard& keyboard,
                      core::DataFolder data)
     : ui::Window(game::kFieldWidth, game::kFieldHeight + kStripHeight, Qt::Window),
@@ -107,11 +98,7 @@ void MatchView::refresh() {
         loading_->deleteLater();
         loading_.clear();
     }
-    const Look now = look();
-    if (!drawn_ || !(*drawn_ == now)) {
-        field_->update();
-        drawn_ = std::make_unique<Look>(now);
-    }
+    if (match_.takeChange()) field_->update();
     timer_.setInterval(std::clamp(match_.msUntilNextEvent(), 1, kLongestWaitMs));
     timer_.setEnabled(true);
 }
@@ -132,27 +119,6 @@ void MatchView::playEvents() {
                 break;
         }
     }
-}
-
-MatchView::Look MatchView::look() const {
-    const game::Match& m = match_;
-    Look l;
-    l.pictures = {m.scene().image().cacheKey(), m.windBox().image().cacheKey(),
-                  m.indicator().picture().image().cacheKey()};
-    l.places = {m.projectile().pos, m.indicator().picturePos(), m.popup().pos()};
-    l.texts = {windText(m.wind()), QString::number(m.popup().points()),
-               m.name(m.indicator().player())};
-    l.states = {m.figuresShown(),           m.boxesShown(),
-                m.projectile().shown,       static_cast<int>(m.projectile().kind),
-                m.projectile().frame,       m.popup().visible(),
-                m.popup().colour().value(), m.indicator().visible(),
-                m.board().has_value()};
-    for (int i = 0; i < m.players(); ++i) {
-        l.pictures.push_back(m.figure(i).canvas().image().cacheKey());
-        l.places.push_back(m.figure(i).pos);
-        l.texts.push_back(panelLine(m, i));
-    }
-    return l;
 }
 
 }  // namespace screens

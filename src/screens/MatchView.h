@@ -40,12 +40,10 @@ public:
     std::function<void()> onGameOver;
 
 private:
-    struct Look;
     void step();
     void hearKeys();
     void playEvents();
     void refresh();
-    Look look() const;
 
     game::Match match_;
     computer::Autopilot pilot_;
@@ -57,7 +55,6 @@ private:
     QPointer<LoadingBox> loading_;
     ui::Timer timer_;
     std::int32_t lastTick_ = 0;
-    std::unique_ptr<Look> drawn_;
 };
 
 }  // namespace screens
