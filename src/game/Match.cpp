@@ -94,6 +94,7 @@ std::optional<std::pair<int, Match::Due>> Match::nextDue() const {
     consider(nextPoll_, Due::Poll);
     if (nextMusicTick_ != kNever) consider(nextMusicTick_ - pausedFor_, Due::Music);
     if (indicator_.running()) consider(indicator_.nextTickAt(), Due::Indicator);
+    if (const auto fade = popup_.fadeBeginsAt()) consider(*fade, Due::Popup);
     if (flying_) {
         consider(nextFlightTick_, Due::FlightTick);
         consider(nextCheck_, Due::Check);
@@ -114,6 +115,7 @@ void Match::run(Due what) {
             return;
         case Due::Music: musicTick(); return;
         case Due::Indicator: indicator_.tick(sky_, now_); break;
+        case Due::Popup: popup_.advanceTo(now_, scene_); break;
         case Due::FlightTick:
             nextFlightTick_ += flightTickMs_;
             flightTick();

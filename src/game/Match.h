@@ -264,7 +264,7 @@ private:
     };
     // The match time of a step's next moment; none when it is done.
     using Next = std::optional<int>;
-    enum class Due { Poll, Music, Indicator, FlightTick, Check, Step, Pilot };
+    enum class Due { Poll, Music, Indicator, Popup, FlightTick, Check, Step, Pilot };
     // A war projectile's building contact this low also earns points for a near miss.
     static constexpr int kLowWarHit = 450;
 

@@ -5,6 +5,7 @@
 #include <QSize>
 #include <QString>
 #include <array>
+#include <optional>
 
 #include "core/Canvas.h"
 
@@ -24,6 +25,12 @@ public:
     void advanceTo(int now, const core::Canvas& scene);
 
     bool visible() const { return visible_; }
+    // When the fade begins and the colour behind the popup is read, while that is still to come:
+    // the match reads it at that very moment, however finely its time is cut.
+    std::optional<int> fadeBeginsAt() const {
+        if (!visible_ || fadeSteps_ > 0) return std::nullopt;
+        return started_ + (kRiseSteps + 1) * kRiseStepMs;
+    }
     int endsAt() const { return started_ + kDurationMs; }
     int points() const { return points_; }
     // The popup's top-left corner.
