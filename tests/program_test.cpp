@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <sstream>
 #include <vector>
@@ -74,6 +75,25 @@ TEST(CommandLine, ComputerSeatsArePlayersOneToFourEachOnce) {
         EXPECT_NE(r.err.find("--computer takes player numbers from 1 to 4"), std::string::npos)
             << bad;
     }
+}
+
+TEST(CommandLine, HelpAndTheManPageNameEveryOptionAndAReplayTakesItsFile) {
+    QFile manual(QStringLiteral(GRUMBO_SOURCE_DIR "/dist/grumbo2.6"));
+    ASSERT_TRUE(manual.open(QIODevice::ReadOnly));
+    const QString man = QString::fromUtf8(manual.readAll());
+    const std::string help = Parse("--help").out;
+    for (const app::OptionHelp& o : app::knownOptions()) {
+        const QString name = QString::fromLatin1(o.name);
+        EXPECT_TRUE(man.contains("\\-\\-" + QString(name).replace("-", "\\-"))) << o.name;
+        EXPECT_NE(help.find(std::string("--") + o.name), std::string::npos) << o.name;
+    }
+    const Parsed replay = Parse("--replay some/match.txt --check --no-record");
+    EXPECT_FALSE(replay.status);
+    EXPECT_EQ(replay.options.replay, "some/match.txt");
+    EXPECT_TRUE(replay.options.check && !replay.options.record);
+    EXPECT_TRUE(Parse("").options.record);
+    EXPECT_EQ(Parse("--check").status, 2) << "nothing to check";
+    EXPECT_EQ(Parse("--replay").status, 2) << "no file";
 }
 
 TEST(Display, AutomaticScaleFollowsTheScreenHeight) {

@@ -1,5 +1,6 @@
 #include "app/CommandLine.h"
 
+#include <QCommandLineParser>
 #include <charconv>
 #include <string_view>
 
@@ -10,61 +11,50 @@ namespace {
 constexpr int kMaxScale = 4;
 
 void usage(std::ostream& s) {
-    s << "Usage: grumbo2 [--scale N] [--seed N] [--computer LIST]\n"
+    s << "Usage: grumbo2 [--scale N] [--seed N] [--computer LIST] [--no-record]\n"
+         "       grumbo2 --replay FILE [--check]\n"
          "       grumbo2 --help | --version\n"
          "\n"
          "Grumbo 2 - Kravenmoor: a turn-based banana artillery game for two or four players.\n"
-         "\n"
-         "  --scale N   enlarge every window by the whole factor N (1 to 4); by default the\n"
-         "              screen height divided by 1080, rounded down\n"
-         "  --seed N    start the random numbers from N, so that the cities, the wind and the\n"
-         "              tunes repeat from one run to the next\n"
-         "  --computer LIST\n"
-         "              let the computer play the players in LIST, numbers from 1 to 4\n"
-         "              separated by commas: \"--computer 2\" to play alone against it,\n"
-         "              \"--computer 1,2\" to watch it play itself; the player selection\n"
-         "              can still change every seat\n"
-         "  --help      show this text\n"
-         "  --version   show the version\n";
+         "\n";
+    for (const OptionHelp& o : knownOptions()) {
+        std::string left = std::string("  --") + o.name;
+        if (o.value) left += std::string(" ") + o.value;
+        // Long option names take a line of their own.
+        s << left;
+        if (left.size() < 16) s << std::string(16 - left.size(), ' ');
+        else s << "\n" << std::string(16, ' ');
+        for (const char* c = o.help; *c; ++c) {
+            s << *c;
+            if (*c == '\n') s << std::string(16, ' ');
+        }
+        s << "\n";
+    }
 }
 
 template <class T>
-bool readNumber(std::string_view text, T& value) {
-    const char* end = text.data() + text.size();
-    const auto [ptr, ec] = std::from_chars(text.data(), end, value);
-    return ec == std::errc() && ptr == end && !text.empty();
-}
-
-// The value of an option given as "--name N" or "--name=N"; advances `i` past a separate value.
-std::optional<std::string_view> valueOf(std::string_view arg, std::string_view name, int& i,
-                                        int argc, char** argv) {
-    if (arg == name) {
-        if (i + 1 >= argc) return std::string_view();
-        return std::string_view(argv[++i]);
-    }
-    if (arg.size() > name.size() && arg.substr(0, name.size()) == name && arg[name.size()] == '=')
-        return arg.substr(name.size() + 1);
-    return std::nullopt;
+bool readNumber(const QString& text, T& value) {
+    const std::string s = text.toStdString();
+    const char* end = s.data() + s.size();
+    const auto [ptr, ec] = std::from_chars(s.data(), end, value);
+    return ec == std::errc() && ptr == end && !s.empty();
 }
 
 // "2" or "1,3,4": player numbers from 1 to 4, each at most once.
-bool readPlayers(std::string_view text, std::array<bool, 4>& players) {
+bool readPlayers(const QString& text, std::array<bool, 4>& players) {
     std::array<bool, 4> read{};
-    for (;;) {
-        const std::size_t comma = text.find(',');
+    for (const QString& number : text.split(QLatin1Char(','))) {
         int player = 0;
-        if (!readNumber(text.substr(0, comma), player) || player < 1 || player > 4 ||
+        if (!readNumber(number, player) || player < 1 || player > 4 ||
             read[static_cast<std::size_t>(player - 1)])
             return false;
         read[static_cast<std::size_t>(player - 1)] = true;
-        if (comma == std::string_view::npos) break;
-        text.remove_prefix(comma + 1);
     }
     players = read;
     return true;
 }
 
-int refuse(std::ostream& err, std::string_view what) {
+int refuse(std::ostream& err, const std::string& what) {
     err << "grumbo2: " << what << "\n\n";
     usage(err);
     return 2;
@@ -72,41 +62,75 @@ int refuse(std::ostream& err, std::string_view what) {
 
 }  // namespace
 
+const std::vector<OptionHelp>& knownOptions() {
+    static const std::vector<OptionHelp> options{
+        {"scale", "N",
+         "enlarge every window by the whole factor N (1 to 4); by default the\n"
+         "screen height divided by 1080, rounded down"},
+        {"seed", "N",
+         "start the random numbers from N, so that the cities, the wind and the\n"
+         "tunes repeat from one run to the next"},
+        {"computer", "LIST",
+         "let the computer play the players in LIST, numbers from 1 to 4\n"
+         "separated by commas: \"--computer 2\" to play alone against it,\n"
+         "\"--computer 1,2\" to watch it play itself; the player selection\n"
+         "can still change every seat"},
+        {"no-record", nullptr, "keep no record of the matches played"},
+        {"replay", "FILE", "play the match recorded in FILE again"},
+        {"check", nullptr,
+         "with --replay: play it without a window and print its final board,\n"
+         "a line a player: name, frags, points, accuracy"},
+        {"help", nullptr, "show this text"},
+        {"version", nullptr, "show the version"},
+    };
+    return options;
+}
+
 std::optional<int> parseCommandLine(int argc, char** argv, Options& options, std::ostream& out,
                                     std::ostream& err) {
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view arg(argv[i]);
-        if (arg == "--help" || arg == "-h") {
-            usage(out);
-            return 0;
-        }
-        if (arg == "--version") {
-            out << "grumbo2 " << GRUMBO_VERSION << "\n";
-            return 0;
-        }
-        if (const auto value = valueOf(arg, "--scale", i, argc, argv)) {
-            int scale = 0;
-            if (!readNumber(*value, scale) || scale < 1 || scale > kMaxScale)
-                return refuse(err, "--scale takes a whole number from 1 to 4");
-            options.scale = scale;
-            continue;
-        }
-        if (const auto value = valueOf(arg, "--seed", i, argc, argv)) {
-            std::uint64_t seed = 0;
-            if (!readNumber(*value, seed))
-                return refuse(err, "--seed takes a whole number of 0 or more");
-            options.seed = seed;
-            continue;
-        }
-        if (const auto value = valueOf(arg, "--computer", i, argc, argv)) {
-            if (!readPlayers(*value, options.computers))
-                return refuse(err,
-                              "--computer takes player numbers from 1 to 4, each once, "
-                              "separated by commas (for example 2, or 1,2)");
-            continue;
-        }
-        return refuse(err, "unknown option " + std::string(arg));
+    QCommandLineParser parser;
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    for (const OptionHelp& o : knownOptions()) {
+        QStringList names{QLatin1String(o.name)};
+        if (std::string_view(o.name) == "help") names << QStringLiteral("h");
+        parser.addOption(o.value ? QCommandLineOption(names, QString(), QLatin1String(o.value))
+                                 : QCommandLineOption(names));
     }
+    QStringList args;
+    for (int i = 0; i < argc; ++i) args << QString::fromLocal8Bit(argv[i]);
+    if (!parser.parse(args)) return refuse(err, parser.errorText().toStdString());
+    if (!parser.positionalArguments().isEmpty())
+        return refuse(err, "unknown argument " + parser.positionalArguments()[0].toStdString());
+    if (parser.isSet(QStringLiteral("help"))) {
+        usage(out);
+        return 0;
+    }
+    if (parser.isSet(QStringLiteral("version"))) {
+        out << "grumbo2 " << GRUMBO_VERSION << "\n";
+        return 0;
+    }
+    const auto value = [&](const char* name) { return parser.value(QLatin1String(name)); };
+    if (parser.isSet(QStringLiteral("scale"))) {
+        int scale = 0;
+        if (!readNumber(value("scale"), scale) || scale < 1 || scale > kMaxScale)
+            return refuse(err, "--scale takes a whole number from 1 to 4");
+        options.scale = scale;
+    }
+    if (parser.isSet(QStringLiteral("seed"))) {
+        std::uint64_t seed = 0;
+        if (!readNumber(value("seed"), seed))
+            return refuse(err, "--seed takes a whole number of 0 or more");
+        options.seed = seed;
+    }
+    if (parser.isSet(QStringLiteral("computer")) &&
+        !readPlayers(value("computer"), options.computers))
+        return refuse(err,
+                      "--computer takes player numbers from 1 to 4, each once, separated by "
+                      "commas (for example 2, or 1,2)");
+    if (parser.isSet(QStringLiteral("replay"))) options.replay = value("replay");
+    options.check = parser.isSet(QStringLiteral("check"));
+    if (options.check && !options.replay) return refuse(err, "--check goes with --replay FILE");
+    options.record = !parser.isSet(QStringLiteral("no-record"));
     return std::nullopt;
 }
 

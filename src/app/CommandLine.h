@@ -1,9 +1,12 @@
 #pragma once
-// The program's command line: --help, --version, --scale N, --seed N, --computer LIST.
+// The program's command line: --help, --version, --scale N, --seed N, --computer LIST,
+// --replay FILE, --check, --no-record.
+#include <QString>
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <ostream>
+#include <vector>
 
 namespace app {
 
@@ -14,7 +17,21 @@ struct Options {
     std::optional<std::uint64_t> seed;
     // The players (0 to 3) whose seat the computer takes at first.
     std::array<bool, 4> computers{};
+    // A record to play again instead of starting on the title screen.
+    std::optional<QString> replay;
+    // Play the record without a window and print its final board.
+    bool check = false;
+    // Keep a record of every match.
+    bool record = true;
 };
+
+// The options the program knows, as the usage text and the man page list them.
+struct OptionHelp {
+    const char* name;
+    const char* value;  // none for a switch
+    const char* help;
+};
+const std::vector<OptionHelp>& knownOptions();
 
 // Reads the options into `options`. Returns the exit status when the program should stop at
 // once: 0 after --help or --version (answered on `out`), 2 after an option it does not know or a
