@@ -199,6 +199,8 @@ public:
 
     // ---- What there is to see ---------------------------------------------------------------
     const MatchSettings& settings() const { return settings_; }
+    // How the match was set up, what it carried over included.
+    const MatchSetup& setup() const { return setup_; }
     int players() const { return settings_.players(); }
     Phase phase() const;
     bool paused() const { return paused_; }

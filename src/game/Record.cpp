@@ -215,6 +215,31 @@ std::optional<Command> readCommand(Reader& in, int players, int after) {
 }
 }  // namespace
 
+Record recordOf(const Match& m) {
+    Record r;
+    r.settings = m.settings();
+    r.seed = m.setup().seed;
+    r.carry = m.setup().carry;
+    for (int i = 0; i < m.players(); ++i) {
+        const PlayerSetup& p = m.setup().players[static_cast<std::size_t>(i)];
+        r.seats[static_cast<std::size_t>(i)] = {p.name, p.character, p.computer};
+    }
+    r.commands = m.commands();
+    r.endedAt = m.clock();
+    r.finished = m.over();
+    return r;
+}
+
+MatchSetup setupOf(const Record& r) {
+    MatchSetup s;
+    s.settings = r.settings;
+    s.seed = r.seed;
+    s.carry = r.carry;
+    for (std::size_t i = 0; i < s.players.size(); ++i)
+        s.players[i] = {r.seats[i].name, r.seats[i].character, {}, r.seats[i].computer};
+    return s;
+}
+
 QByteArray writeRecord(const Record& r) {
     const MatchSettings& s = r.settings;
     const Carry& c = r.carry;

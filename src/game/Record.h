@@ -40,6 +40,11 @@ struct Record {
     bool operator==(const Record&) const = default;
 };
 
+// The record of `match` as it stands: finished when it shows its final board, else left now.
+Record recordOf(const Match& match);
+// `record`'s setup, with the pictures the match needs left to the caller.
+MatchSetup setupOf(const Record& record);
+
 QByteArray writeRecord(const Record& record);
 
 struct ReadRecord {

@@ -46,6 +46,15 @@ game::MatchSetup ShippedSetup(int players, std::uint64_t seed) {
     return s;
 }
 
+game::MatchSetup WithShippedArt(game::MatchSetup setup) {
+    for (int i = 0; i < setup.settings.players(); ++i) {
+        game::PlayerSetup& p = setup.players[static_cast<std::size_t>(i)];
+        p.art = ShippedArt(p.character);
+    }
+    setup.marker = Picture(QStringLiteral("pIndication.bmp"));
+    return setup;
+}
+
 game::MatchSetup CalmSetup(int players, std::uint64_t seed) {
     game::MatchSetup s = ShippedSetup(players, seed);
     s.settings.windExtremity = 0;
