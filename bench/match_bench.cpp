@@ -4,6 +4,8 @@
 #include "Pictures.h"
 #include "game/Collision.h"
 #include "game/Match.h"
+#include "game/Record.h"
+#include "game/Replay.h"
 #include "game/Skyline.h"
 
 namespace {
@@ -26,11 +28,18 @@ game::MatchSetup matchSetup() {
     return s;
 }
 
-// Moves match time on until the turn has passed or the match has ended.
+// Types angle and velocity key by key as a person does, throws, and moves match time on until the
+// turn has passed or the match has ended.
 void throwAndWait(game::Match& m, int angle, int velocity) {
-    m.setAngleText(QString::number(angle));
-    m.setVelocityText(QString::number(velocity));
-    m.throwProjectile();
+    using Kind = game::Command::Kind;
+    const auto type = [&](Kind box, int value) {
+        const QString text = QString::number(value);
+        for (qsizetype n = 1; n <= text.size(); ++n)
+            m.apply({m.clock() + 150, m.currentPlayer(), box, text.left(n)});
+    };
+    type(Kind::Angle, angle);
+    type(Kind::Velocity, velocity);
+    m.apply({m.clock() + 400, m.currentPlayer(), Kind::Throw});
     while (!m.over() && m.phase() != game::Phase::Aiming) m.advance(100);
 }
 
@@ -74,6 +83,27 @@ void BM_WholeMatch(benchmark::State& state) {
     state.counters["throws"] = static_cast<double>(script.size());
 }
 BENCHMARK(BM_WholeMatch)->Unit(benchmark::kMillisecond);
+
+// The same match played again from its record's text: read, set up, and played to its end.
+void BM_ReplayWholeMatch(benchmark::State& state) {
+    const game::MatchSetup setup = matchSetup();
+    game::Match played(setup);
+    start(played);
+    for (const QPoint& t : scriptMatch(setup)) throwAndWait(played, t.x(), t.y());
+    played.advance(6000);
+    const QByteArray text = game::writeRecord(game::recordOf(played));
+    for (auto _ : state) {
+        const game::ReadRecord read = game::readRecord(text);
+        game::MatchSetup again = game::setupOf(*read.record);
+        for (std::size_t i = 0; i < 2; ++i) again.players[i].art = setup.players[i].art;
+        again.marker = setup.marker;
+        game::Match m(again);
+        if (!game::playToTheEnd(m, *read.record) || !m.over())
+            state.SkipWithError("the replay did not end as the match did");
+    }
+    state.counters["bytes"] = static_cast<double>(text.size());
+}
+BENCHMARK(BM_ReplayWholeMatch)->Unit(benchmark::kMillisecond);
 
 void BM_RoundCity(benchmark::State& state) {
     std::uint64_t seed = 1;

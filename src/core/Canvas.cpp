@@ -7,11 +7,16 @@
 namespace core {
 
 Canvas::Canvas(int width, int height, Colour fill)
-    : image_(std::max(width, 1), std::max(height, 1), QImage::Format_RGB32) {
+    : image_(std::max(width, 1), std::max(height, 1), QImage::Format_RGB32),
+      width_(image_.width()),
+      height_(image_.height()) {
     image_.fill(fill.rgb());
 }
 
-Canvas::Canvas(const QImage& image) : image_(image.convertToFormat(QImage::Format_RGB32)) {}
+Canvas::Canvas(const QImage& image)
+    : image_(image.convertToFormat(QImage::Format_RGB32)),
+      width_(image_.width()),
+      height_(image_.height()) {}
 
 void Canvas::setPixel(int x, int y, Colour colour) {
     if (x < 0 || y < 0 || x >= width() || y >= height()) return;

@@ -14,8 +14,8 @@ public:
     Canvas(int width, int height, Colour fill = kWhite);
     explicit Canvas(const QImage& image);
 
-    int width() const { return image_.width(); }
-    int height() const { return image_.height(); }
+    int width() const { return width_; }
+    int height() const { return height_; }
     bool isNull() const { return image_.isNull(); }
     const QImage& image() const { return image_; }
 
@@ -45,6 +45,8 @@ private:
     void fillRow(int x1, int x2, int y, QRgb colour);
 
     QImage image_;
+    // The image's size, asked for at every pixel: kept here rather than asked of the image.
+    int width_ = 0, height_ = 0;
 };
 
 }  // namespace core
