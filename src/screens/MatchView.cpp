@@ -1,6 +1,7 @@
 #include "screens/MatchView.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QWindow>
 #include <algorithm>
 
@@ -18,6 +19,7 @@ namespace {
 constexpr int kStripHeight = 44;
 // When nothing else is due the window still looks in now and then.
 constexpr int kLongestWaitMs = 1000;
+constexpr int kFastestReplay = 8;
 // The computer's draws come from a generator of their own, so that the cities and winds of a seed
 // are the same whoever plays.
 constexpr std::uint64_t kPilotSeedMix = 0x9e3779b97f4a7c15;
@@ -40,7 +42,7 @@ MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, ui::Key
         if (w && (w == windowHandle() || (loading_ && w == loading_->windowHandle()))) hearKeys();
     });
     QObject::connect(&keyboard, &ui::Keyboard::changed, this, [this](int key, bool down) {
-        if (!keysHeard_) return;
+        if (!keysHeard_ || replay_) return;
         using Kind = game::Command::Kind;
         send({.kind = down ? Kind::KeyDown : Kind::KeyUp, .value = key});
     });
@@ -59,6 +61,7 @@ void MatchView::resume() {
 }
 
 void MatchView::send(game::Command command) {
+    if (replay_) return;
     // The command takes effect now: the match first catches up with the clock.
     step();
     command.at = match_.clock();
@@ -70,9 +73,43 @@ void MatchView::send(game::Command command) {
 
 void MatchView::step() {
     const std::int32_t now = ui::clock().tickCount();
-    match_.advance(ui::ticksSince(lastTick_, now));
+    const int elapsed = ui::ticksSince(lastTick_, now);
+    if (!replay_) match_.advance(elapsed);
+    else if (!held_) replay_->advance(match_, elapsed * speed_);
     lastTick_ = now;
     refresh();
+}
+
+void MatchView::playBack(game::Replay replay) {
+    // The record holds the computer's moves too: nobody plays a seat during a replay.
+    match_.setPilot(nullptr);
+    replay_ = std::move(replay);
+    QCoreApplication::instance()->installEventFilter(this);
+    refresh();
+}
+
+bool MatchView::eventFilter(QObject* watched, QEvent* event) {
+    // During a replay the keys of its windows steer it, and the boxes and buttons take nothing.
+    const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    const bool mouse = event->type() == QEvent::MouseButtonPress ||
+                       event->type() == QEvent::MouseButtonRelease ||
+                       event->type() == QEvent::MouseButtonDblClick;
+    if (!replay_ || !(key || mouse) || !watched->isWidgetType() ||
+        static_cast<QWidget*>(watched)->window() != this)
+        return false;
+    if (event->type() != QEvent::KeyPress) return true;
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Space: held_ = !held_; break;
+        case Qt::Key_Plus:
+        case Qt::Key_Equal: speed_ = std::min(speed_ * 2, kFastestReplay); break;
+        case Qt::Key_Minus: speed_ = std::max(speed_ / 2, 1); break;
+        case Qt::Key_Escape:
+            if (onReplayEnded) onReplayEnded();
+            return true;
+        default: return true;
+    }
+    step();
+    return true;
 }
 
 void MatchView::hearKeys() {
@@ -88,8 +125,8 @@ void MatchView::refresh() {
     // The strip first: a turn that began opens the angle box, which then takes the keyboard.
     strip_->sync();
     playEvents();
-    const QString title = ui::plainTitle(matchTitle(match_));
-    if (windowTitle() != title) setWindowTitle(title);
+    const QString shown = ui::plainTitle(title());
+    if (windowTitle() != shown) setWindowTitle(shown);
     const game::Loading& loading = match_.loading();
     if (loading.shown) {
         if (!loading_) loading_ = new LoadingBox(this);
@@ -99,8 +136,25 @@ void MatchView::refresh() {
         loading_.clear();
     }
     if (match_.takeChange()) field_->update();
-    timer_.setInterval(std::clamp(match_.msUntilNextEvent(), 1, kLongestWaitMs));
+    timer_.setInterval(std::clamp(nextWait(), 1, kLongestWaitMs));
     timer_.setEnabled(true);
+}
+
+int MatchView::nextWait() const {
+    if (!replay_) return match_.msUntilNextEvent();
+    if (held_) return kLongestWaitMs;
+    int wait = match_.msUntilNextEvent();
+    if (const auto at = replay_->nextAt()) wait = std::min(wait, *at - match_.clock());
+    return wait / speed_;
+}
+
+QString MatchView::title() const {
+    if (!replay_) return matchTitle(match_);
+    QString replay = QStringLiteral("Replay");
+    if (match_.left()) replay += QStringLiteral(" ended");
+    else if (held_) replay += QStringLiteral(" paused");
+    else if (speed_ > 1) replay += QStringLiteral(" %1x").arg(speed_);
+    return replay + QStringLiteral(" - ") + matchTitle(match_);
 }
 
 void MatchView::playEvents() {
@@ -112,7 +166,8 @@ void MatchView::playEvents() {
             case Kind::CloseTune: sound_.closeTune(data_.path(game::tuneFile(e.tune))); break;
             case Kind::FocusAngle: strip_->focusAngle(); break;
             case Kind::Paused:
-                if (onPaused) onPaused();
+                // A replay goes on through the pause of the match it plays.
+                if (onPaused && !replay_) onPaused();
                 break;
             case Kind::GameOver:
                 if (onGameOver) onGameOver();

@@ -9,6 +9,7 @@
 #include "computer/Autopilot.h"
 #include "core/DataFolder.h"
 #include "game/Match.h"
+#include "game/Replay.h"
 #include "media/Sound.h"
 #include "screens/LoadingBox.h"
 #include "ui/Keyboard.h"
@@ -31,6 +32,13 @@ public:
     void resume();
     // Gives the match what a player or the window did, now.
     void send(game::Command command);
+    // Plays `replay` in this window instead of taking the players' input: Space pauses and goes
+    // on, + and - change the speed, Escape ends it. Call it before the window shows.
+    void playBack(game::Replay replay);
+    bool replaying() const { return replay_.has_value(); }
+    // The replay's speed, 1, 2, 4 or 8, and whether it stands still.
+    int speed() const { return speed_; }
+    bool replayHeld() const { return held_; }
 
     MatchStrip* strip() const { return strip_; }
     MatchField* field() const { return field_; }
@@ -38,12 +46,17 @@ public:
 
     std::function<void()> onPaused;
     std::function<void()> onGameOver;
+    // Escape during a replay.
+    std::function<void()> onReplayEnded;
 
 private:
     void step();
     void hearKeys();
     void playEvents();
     void refresh();
+    int nextWait() const;
+    QString title() const;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     game::Match match_;
     computer::Autopilot pilot_;
@@ -55,6 +68,9 @@ private:
     QPointer<LoadingBox> loading_;
     ui::Timer timer_;
     std::int32_t lastTick_ = 0;
+    std::optional<game::Replay> replay_;
+    int speed_ = 1;
+    bool held_ = false;
 };
 
 }  // namespace screens
