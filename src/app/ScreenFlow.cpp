@@ -140,8 +140,23 @@ void ScreenFlow::choose(screens::MatchBox::Choice choice) {
     if (choice == Choice::Quit) quit();
 }
 
+void ScreenFlow::startReplay(const game::MatchSetup& setup, game::Replay replay) {
+    match_ = new screens::MatchView(setup, services_.sound, services_.keys, services_.data);
+    match_->playBack(std::move(replay));
+    match_->onGameOver = [this] { showBox(screens::MatchBox::Kind::GameOver); };
+    match_->onReplayEnded = match_->onClose = [this] {
+        dismiss(match_);
+        quit();
+    };
+    match_->showCentred();
+}
+
 void ScreenFlow::leaveMatch() {
     if (!match_) return;
+    if (!match_->replaying() && services_.keepRecord) {
+        match_->send({.kind = game::Command::Kind::Leave});
+        services_.keepRecord(game::recordOf(match_->match()));
+    }
     carry_ = match_->match().carry();
     dismiss(box_);
     dismiss(match_);

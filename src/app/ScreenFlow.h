@@ -9,6 +9,8 @@
 
 #include "core/DataFolder.h"
 #include "game/Match.h"
+#include "game/Record.h"
+#include "game/Replay.h"
 #include "media/Sound.h"
 #include "screens/CreditsScreen.h"
 #include "screens/MatchBox.h"
@@ -29,6 +31,8 @@ struct Services {
     std::function<std::uint64_t()> seed;
     // Ends the program.
     std::function<void()> quit;
+    // Keeps the record of a match that was left or finished; none keeps no records.
+    std::function<void(const game::Record&)> keepRecord = {};
 };
 
 class ScreenFlow {
@@ -41,6 +45,9 @@ public:
 
     // The program starts on the title screen.
     void start();
+    // Or with a match played again from its record, which goes on as a match would once it
+    // ends: the game-over box, and the title, the credits or the program's end.
+    void startReplay(const game::MatchSetup& setup, game::Replay replay);
 
     // The screens open now, none where a screen is not.
     screens::TitleScreen* title() const { return title_; }

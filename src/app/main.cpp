@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "app/CommandLine.h"
+#include "app/Records.h"
+#include "app/Replays.h"
 #include "app/ScreenFlow.h"
 #include "ui/Display.h"
 #include "ui/Keyboard.h"
@@ -55,6 +57,13 @@ int main(int argc, char** argv) {
     app::Options options;
     if (const auto status = app::parseCommandLine(argc, argv, options, std::cout, std::cerr))
         return *status;
+    if (options.check) {
+        // No window: the record is played on the rules alone.
+        QCoreApplication application(argc, argv);
+        return app::checkReplay(
+            *options.replay, core::DataFolder::forProgram(QCoreApplication::applicationDirPath()),
+            std::cout, std::cerr);
+    }
     toolkitHandler = qInstallMessageHandler(holdMessage);
     const ui::ScreenInfo screen = ui::probeScreen(argc, argv);
     ui::setScale(options.scale.value_or(ui::automaticScale(screen)), screen);
@@ -80,9 +89,23 @@ int main(int argc, char** argv) {
         std::array<screens::Seat, 4> seats;
         for (std::size_t i = 0; i < seats.size(); ++i)
             if (options.computers[i]) seats[i] = game::kUsualSkill;
-        app::ScreenFlow flow({sound, keyboard, data, seed, [] { QCoreApplication::quit(); }},
-                             seats);
-        flow.start();
+        const app::RecordStore records(app::RecordStore::usualFolder());
+        app::Services services{sound, keyboard, data, seed, [] { QCoreApplication::quit(); }};
+        if (options.record)
+            services.keepRecord = [&records](const game::Record& r) {
+                records.keep(r, QDateTime::currentDateTime());
+            };
+        app::ScreenFlow flow(services, seats);
+        if (!options.replay) {
+            flow.start();
+        } else {
+            const app::ReplayFile replay = app::openReplay(*options.replay, data);
+            if (!replay.record) {
+                std::fprintf(stderr, "grumbo2: %s\n", qPrintable(replay.error));
+                return 2;
+            }
+            flow.startReplay(*replay.setup, game::Replay(replay.record->commands));
+        }
         status = QApplication::exec();
         ui::destroyAllWindows();
     }
