@@ -80,7 +80,8 @@ int main(int argc, char** argv) {
         std::array<screens::Seat, 4> seats;
         for (std::size_t i = 0; i < seats.size(); ++i)
             if (options.computers[i]) seats[i] = game::kUsualSkill;
-        app::ScreenFlow flow({sound, keyboard, data, seed, [] { QCoreApplication::quit(); }},
+        // Not quit(), which first asks every window to close and gives up when one refuses.
+        app::ScreenFlow flow({sound, keyboard, data, seed, [] { QCoreApplication::exit(0); }},
                              seats);
         flow.start();
         status = QApplication::exec();

@@ -11,7 +11,7 @@ namespace screens {
 
 MatchBox::MatchBox(QWidget* match, Kind kind)
     : ui::Window(256, 78, Qt::Tool | Qt::FramelessWindowHint, match), kind_(kind) {
-    closable = false;
+    closesOwner = true;
     setWindowTitle(QStringLiteral("Game Over"));
     setFont(ui::tahoma(ui::kSmallText));
     const bool paused = kind == Kind::Paused;

@@ -1,7 +1,8 @@
 #pragma once
 // The small box over the match window, in two kinds: the pause box that Escape opens ("Resume",
 // "Start Over", "Quit") and the game-over box after the final board ("Play Again", "View
-// Credits", "Quit"). Only its buttons close it.
+// Credits", "Quit"). It has no close box: its buttons close it, and should the window system
+// close it all the same, the match window closes with it.
 #include <functional>
 
 #include "ui/Window.h"
