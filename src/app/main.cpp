@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QDateTime>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -52,6 +53,9 @@ QStringList iconFiles(const core::DataFolder& data) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A terminal or pipe that stops reading what the game says must not end the game: a write to
+    // it then fails quietly.
+    std::signal(SIGPIPE, SIG_IGN);
     app::Options options;
     if (const auto status = app::parseCommandLine(argc, argv, options, std::cout, std::cerr))
         return *status;
