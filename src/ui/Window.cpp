@@ -49,8 +49,15 @@ Window::Window(int width, int height, Qt::WindowFlags flags, QWidget* owner)
 }
 
 void Window::showCentred() {
-    if (const QScreen* s = QGuiApplication::primaryScreen())
-        move(s->availableGeometry().center() - QPoint(width() / 2, height() / 2));
+    if (const QScreen* s = QGuiApplication::primaryScreen()) {
+        // The frame that the window system draws round the window counts, where it is known
+        // before the window shows.
+        winId();
+        const QSize outer = frameGeometry().size();
+        const QRect desktop = s->availableGeometry();
+        move(desktop.left() + (desktop.width() - outer.width()) / 2,
+             desktop.top() + (desktop.height() - outer.height()) / 2);
+    }
     show();
 }
 

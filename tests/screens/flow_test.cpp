@@ -1,7 +1,9 @@
 // The flow between the screens as the players click through them: the title's buttons, the close
 // boxes before a match, every button of the pause and the game-over box, the credits, and a
 // second match of the same run with player selection left and taken up again.
+#include <QGuiApplication>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTest>
 
 #include "TestSupport.h"
@@ -95,6 +97,36 @@ TEST_F(Flow, EveryButtonOfThePauseAndTheGameOverBoxLeadsWhereItShould) {
         clock.advance(20);
         EXPECT_EQ(VisibleWindows(), QStringList{kTitle});
     }
+}
+
+// How far the middle of `inner` lies from the middle of `outer`, in half pixels.
+QPoint OffCentre(const QRect& inner, const QRect& outer) {
+    return QPoint(2 * inner.left() + inner.width(), 2 * inner.top() + inner.height()) -
+           QPoint(2 * outer.left() + outer.width(), 2 * outer.top() + outer.height());
+}
+
+TEST_F(Flow, WindowsOpenCentredButTheGameOverBoxLeavesTheFinalBoardReadable) {
+    const QRect desktop = QGuiApplication::primaryScreen()->availableGeometry();
+    const auto expectCentred = [&](const QWidget* w) {
+        SCOPED_TRACE(w->windowTitle().toStdString());
+        const QPoint off = OffCentre(w->frameGeometry(), desktop);
+        EXPECT_TRUE(std::abs(off.x()) <= 1 && std::abs(off.y()) <= 1) << "frame and all";
+    };
+    app::ScreenFlow& f = StartProgram();
+    expectCentred(f.title());
+    ASSERT_TRUE(ToMatch() && RoundStands());
+    expectCentred(f.match());
+    Tap(game::key::kEscape);
+    expectCentred(f.box());
+    Click(f.box(), "Resume");
+    ASSERT_TRUE(Win());
+    // The board's four rows, 25 pixels high every 32 from 112, on the field's 466 rows.
+    const QRect match = f.match()->geometry(), box = f.box()->geometry();
+    EXPECT_LE(std::abs(OffCentre(box, match).x()), 1) << "centred over the match window";
+    for (int row = 0; row < 4; ++row)
+        EXPECT_FALSE(box.intersects(QRect(match.left(), match.top() + 112 + 32 * row, 722, 25)));
+    EXPECT_GE(box.top(), match.top() + 112) << "below the board, not above it";
+    EXPECT_LE(box.bottom(), match.top() + 466) << "over the field";
 }
 
 TEST_F(Flow, CreditsCompleteOnceTheirBufferHasPassedAndThreeKeysLeave) {
