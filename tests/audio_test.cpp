@@ -1,11 +1,16 @@
-// The real effect service, recorded through SDL's disk audio driver: what the players hear.
+// The real effect and music services, recorded through SDL's disk audio driver: what the players
+// hear, and what the synthesizer says on the terminal meanwhile.
 #include <SDL.h>
 #include <SDL_mixer.h>
+#include <fluidsynth.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QDataStream>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
+#include <cstdio>
 #include <cstdlib>
 #include <functional>
 
@@ -14,23 +19,29 @@
 
 namespace {
 
-// What the effect service plays while `play` runs and until the mixer has finished, as 16-bit
-// samples of stereo frames at the mixer's rate of 44.1 kHz.
-std::vector<qint16> Recorded(const std::function<void(media::SdlSound&)>& play) {
+// What the services play while `play` runs and until the mixer has finished, as 16-bit samples of
+// stereo frames at the mixer's rate of 44.1 kHz. With `seconds`, the recording goes at the pace of
+// the clock, whose time the synthesizer's tunes keep, until it holds that many seconds.
+std::vector<qint16> Recorded(const std::function<void(media::SdlSound&)>& play, int seconds = 0) {
     QTemporaryDir dir;
     const QString recording = dir.filePath(QStringLiteral("recording.raw"));
-    // The device is opened afresh on the recording driver, which writes a buffer a millisecond.
+    // The device is opened afresh on the recording driver, which writes a buffer a millisecond
+    // unless it keeps the clock's pace.
     setenv("SDL_AUDIODRIVER", "disk", 1);
     setenv("SDL_DISKAUDIOFILE", QFile::encodeName(recording).constData(), 1);
-    setenv("SDL_DISKAUDIODELAY", "1", 1);
+    if (!seconds) setenv("SDL_DISKAUDIODELAY", "1", 1);
+    const auto going = [&] {
+        if (seconds) return QFileInfo(recording).size() < seconds * 44100 * 4;
+        return Mix_Playing(0) || Mix_PlayingMusic();
+    };
     bool open = false;
     {
         media::SdlSound sound;
         open = media::openAudioDevice();
         if (open) {
             play(sound);
-            for (int waited = 0; waited < 20000 && Mix_Playing(0); waited += 10) SDL_Delay(10);
-            EXPECT_FALSE(Mix_Playing(0));
+            for (int waited = 0; waited < 20000 && going(); waited += 10) SDL_Delay(10);
+            EXPECT_FALSE(going());
         }
     }  // closing the device writes out the last buffer and closes the file
     setenv("SDL_AUDIODRIVER", "dummy", 1);
@@ -62,6 +73,48 @@ QByteArray Au(int rate, int channels, int frames, qint16 level) {
     return b;
 }
 
+// A tune of `chords` chords a tick apart, each of 16 notes held on every one of the 16 channels:
+// more notes at once than the synthesizer has voices for.
+QByteArray DenseTune(int chords) {
+    QByteArray track;
+    for (int c = 0; c < chords; ++c)
+        for (int channel = 0; channel < 16; ++channel)
+            for (int note = 0; note < 16; ++note) {
+                // The time since the previous event: a tick before each chord's first note.
+                track.append(char(channel == 0 && note == 0 && c > 0 ? 1 : 0));
+                track.append(char(0x90 | channel))
+                    .append(char(30 + 4 * note + c % 4))
+                    .append(char(120));
+            }
+    // Then every sound stops, and the track ends.
+    for (int channel = 0; channel < 16; ++channel)
+        track.append(char(channel == 0)).append(char(0xB0 | channel)).append("\x78\x00", 2);
+    track.append("\x00\xFF\x2F\x00", 4);
+    QByteArray b;
+    QDataStream out(&b, QIODevice::WriteOnly);
+    out.writeRawData("MThd", 4);
+    out << quint32{6} << quint16{0} << quint16{1} << quint16{96};
+    out.writeRawData("MTrk", 4);
+    out << quint32(track.size());
+    return b + track;
+}
+
+// What the process writes on its standard error while `run` runs.
+QString StandardErrorOf(const std::function<void()>& run) {
+    QTemporaryDir dir;
+    QFile log(dir.filePath(QStringLiteral("stderr")));
+    EXPECT_TRUE(log.open(QIODevice::ReadWrite));
+    std::fflush(stderr);
+    const int saved = dup(STDERR_FILENO);
+    dup2(log.handle(), STDERR_FILENO);
+    run();
+    std::fflush(stderr);
+    dup2(saved, STDERR_FILENO);
+    close(saved);
+    log.seek(0);
+    return QString::fromLocal8Bit(log.readAll());
+}
+
 }  // namespace
 
 TEST(SdlSound, EverySoundFormatPlaysOnceForItsOwnLength) {
@@ -87,4 +140,20 @@ TEST(SdlSound, EverySoundFormatPlaysOnceForItsOwnLength) {
             frames += steady(s[i]) && steady(s[i + 1]);
         EXPECT_NEAR(frames, 8820, 88) << "a fifth of a second at 44.1 kHz, once";
     }
+}
+
+TEST(SdlSound, TheSynthesizerKeepsItsWarningsButNotItsErrorsOffTheTerminal) {
+    QTemporaryDir dir;
+    const QByteArray dense = DenseTune(100);
+    ASSERT_LT(dense.size(), 512 << 10) << "within a tune's size";
+    const QString denseFile = Written(dir, QStringLiteral("dense.mid"), dense);
+    std::vector<qint16> heard;
+    const QString said = StandardErrorOf(
+        [&] { heard = Recorded([&](media::SdlSound& out) { out.playTune(denseFile); }, 1); });
+    EXPECT_GT(std::count_if(heard.begin(), heard.end(), [](qint16 x) { return x != 0; }), 22050)
+        << "the tune plays";
+    EXPECT_FALSE(said.contains(QLatin1String("fluidsynth"))) << said.left(200).toStdString();
+    // An error is still worth a line.
+    EXPECT_EQ(StandardErrorOf([] { fluid_log(FLUID_ERR, "a test of errors"); }),
+              "fluidsynth: error: a test of errors\n");
 }
