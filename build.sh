@@ -8,10 +8,10 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packages=(cmake ninja-build g++ pkg-config python3 qt6-base-dev libsdl2-mixer-dev libsndfile1-dev
-          timgm6mb-soundfont fonts-wine libgtest-dev libgmock-dev libbenchmark-dev
-          desktop-file-utils appstream groff-base dpkg-dev file lintian
-          xvfb xauth xdotool x11-utils imagemagick)
+packages=(cmake ninja-build g++ pkg-config python3 qt6-base-dev libxcb1-dev libsdl2-mixer-dev
+          libsndfile1-dev libfluidsynth-dev timgm6mb-soundfont fonts-wine libgtest-dev libgmock-dev
+          libbenchmark-dev desktop-file-utils appstream groff-base dpkg-dev file lintian
+          xvfb xauth xdotool x11-utils imagemagick python3-xlib)
 
 install_missing() {
     local missing=()

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QDateTime>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -54,6 +55,9 @@ QStringList iconFiles(const core::DataFolder& data) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A terminal or pipe that stops reading what the game says must not end the game: a write to
+    // it then fails quietly.
+    std::signal(SIGPIPE, SIG_IGN);
     app::Options options;
     if (const auto status = app::parseCommandLine(argc, argv, options, std::cout, std::cerr))
         return *status;
@@ -90,7 +94,8 @@ int main(int argc, char** argv) {
         for (std::size_t i = 0; i < seats.size(); ++i)
             if (options.computers[i]) seats[i] = game::kUsualSkill;
         const app::RecordStore records(app::RecordStore::usualFolder());
-        app::Services services{sound, keyboard, data, seed, [] { QCoreApplication::quit(); }};
+        // Not quit(), which first asks every window to close and gives up when one refuses.
+        app::Services services{sound, keyboard, data, seed, [] { QCoreApplication::exit(0); }};
         if (options.record)
             services.keepRecord = [&records](const game::Record& r) {
                 records.keep(r, QDateTime::currentDateTime());

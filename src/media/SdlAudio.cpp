@@ -1,5 +1,6 @@
 #include <SDL.h>
 #include <SDL_mixer.h>
+#include <fluidsynth.h>
 #include <sndfile.h>
 
 #include <QFileInfo>
@@ -59,10 +60,18 @@ void put32(std::vector<unsigned char>& v, std::uint32_t x) {
     put16(v, x & 0xFFFF);
     put16(v, x >> 16);
 }
+// The mixer plays tunes through FluidSynth, which warns on the terminal about every note it cannot
+// give a voice: a dense tune buries it under tens of thousands of lines a second. Only its errors
+// are worth a player's eye. This is the library the mixer loaded, so its synthesizer hears it.
+void quietSynthesizer() {
+    for (int level : {FLUID_WARN, FLUID_INFO, FLUID_DBG})
+        fluid_set_log_function(level, nullptr, nullptr);
+}
 }  // namespace
 
 bool openAudioDevice() {
     if (deviceOpen) return true;
+    quietSynthesizer();
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
     if (Mix_OpenAudio(44100, AUDIO_S16SYS, 2, 2048) != 0) {

@@ -10,7 +10,7 @@ namespace screens {
 
 LoadingBox::LoadingBox(QWidget* owner)
     : ui::Window(281, 58, Qt::Tool | Qt::FramelessWindowHint, owner) {
-    closable = false;
+    closesOwner = true;
     new ui::RaisedFrame(this, 2);
     status_ = ui::makeLabel(this, 17, 6, 248, 17, QStringLiteral("Loading"), Qt::AlignCenter);
     bar_ = new QProgressBar(this);

@@ -1,6 +1,7 @@
 #pragma once
 // The loading box over the match window while the match starts and while a round is built: a
-// status text and a progress bar.
+// status text and a progress bar. It has no close box; should the window system close it all the
+// same, the match window closes with it.
 #include "game/Match.h"
 #include "ui/Window.h"
 

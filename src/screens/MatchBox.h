@@ -1,7 +1,9 @@
 #pragma once
 // The small box over the match window, in two kinds: the pause box that Escape opens ("Resume",
 // "Start Over", "Quit") and the game-over box after the final board ("Play Again", "View
-// Credits", "Quit"). Only its buttons close it.
+// Credits", "Quit"). The pause box opens in the middle of the desktop, the game-over box over the
+// match window below the final board. It has no close box: its buttons close it, and should the
+// window system close it all the same, the match window closes with it.
 #include <functional>
 
 #include "ui/Window.h"
@@ -25,6 +27,8 @@ public:
     std::function<void(Choice)> onChoice;
 
 private:
+    void showBelowBoard(const QWidget& match);
+
     Kind kind_;
     QLabel* caption_ = nullptr;
     QPushButton* first_ = nullptr;

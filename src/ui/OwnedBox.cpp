@@ -13,11 +13,7 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (box_ && box_->isVisible()) {
-            // The window system hides a minimised owner; only the program's own hiding closes it.
-            if (event->type() == QEvent::Hide && !event->spontaneous()) box_->close();
-            else if (event->type() == QEvent::WindowActivate) giveFocusSoon();
-        }
+        if (box_ && box_->isVisible() && event->type() == QEvent::WindowActivate) giveFocusSoon();
         return QObject::eventFilter(watched, event);
     }
 

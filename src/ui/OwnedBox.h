@@ -1,7 +1,6 @@
 #pragma once
 // A small box over its owner window: it keeps the keyboard while it is up (raised and given the
-// focus when it opens, and given it back whenever its owner is activated), and it closes, through
-// its screen's closing, when the owner closes.
+// focus when it opens, and given it back whenever its owner is activated).
 class QWidget;
 
 namespace ui {

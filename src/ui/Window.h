@@ -1,6 +1,7 @@
 #pragma once
 // A screen's window: a fixed inner size, opened centred on the desktop. When the players close it
-// with its close box, `onClose` says what happens next; a window its program closes asks nothing.
+// with its close box, or the window system destroys it outright, `onClose` says what happens
+// next; a window its program hides or deletes asks nothing.
 #include <QWidget>
 #include <functional>
 
@@ -12,8 +13,9 @@ public:
     // Shows the window centred on the primary screen.
     void showCentred();
     std::function<void()> onClose;
-    // While false, the window system cannot close it.
-    bool closable = true;
+    // A box over its owner has no close box; should the window system close it all the same, the
+    // owner closes in its place, as though the players had closed that.
+    bool closesOwner = false;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
