@@ -3,6 +3,7 @@
 // throws for the same seed however the match is advanced.
 #include "GameSupport.h"
 #include "computer/Autopilot.h"
+#include "game/Damage.h"
 
 using namespace testing_support;
 using computer::Autopilot;
@@ -51,6 +52,45 @@ TEST(Planner, TakesTheNukeWhenItHoldsOneThatReachesTheEnemysBuilding) {
     const int enemy = 1 - play.match.currentPlayer();
     EXPECT_GT(play.match.figure(enemy).pos.x(), building.left);
     EXPECT_LT(play.match.figure(enemy).pos.x(), building.right);
+}
+
+// The place on the roof of the building at `x` where `f` stands in its middle.
+QPoint RoofPlace(const game::Match& m, int x, const game::Figure& f) {
+    const game::Span b = game::buildingAt(m.sky(), m.scene(), x);
+    return {(b.left + b.right) / 2 - f.width() / 2,
+            game::rowAboveRoof(m.sky(), m.scene(), b) - f.height() + 1};
+}
+
+TEST(Planner, ReachesAnEnemyAcrossTheWholeCity) {
+    // Player 1 on the leftmost roof, player 2 on the rightmost, where player 2 plans: low gravity
+    // with a strong wind behind him carries even a slow throw too far, strong gravity needs a
+    // fast one.
+    struct Case {
+        double gravity;
+        int windExtremity;
+        std::uint64_t seed;
+    };
+    for (const Case c : {Case{0.5, 35, 11}, Case{20, 0, 1}, Case{20, 0, 6}}) {
+        SCOPED_TRACE(testing::Message() << "gravity " << c.gravity << ", seed " << c.seed);
+        game::MatchSetup setup = CalmSetup(2, c.seed);
+        setup.settings.gravity = c.gravity;
+        setup.settings.windExtremity = c.windExtremity;
+        Play play(setup);
+        play.started();
+        const game::Match& m = play.match;
+        play.flyTo(RoofPlace(m, 3, m.figure(0)));
+        ASSERT_TRUE(play.throwAt(135, 300));
+        play.flyTo(RoofPlace(m, game::kFieldWidth - 4, m.figure(1)));
+        ASSERT_GT(m.figure(1).pos.x() - m.figure(0).pos.x(), 600);
+        if (c.windExtremity > 0) {
+            ASSERT_LE(m.wind().drift(), -0.25) << "a strong wind blows towards player 1";
+        }
+        const computer::Plan plan = computer::planThrow(m);
+        EXPECT_TRUE(plan.frags);
+        const game::Impact impact = computer::tryThrow(m, plan.aim);
+        EXPECT_EQ(impact.what, game::Impact::What::Character);
+        EXPECT_EQ(impact.player, 0);
+    }
 }
 
 // A match of one person (player 1) and the computer (player 2).
