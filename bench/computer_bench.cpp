@@ -1,5 +1,5 @@
-// The computer's decision on seeded cities: its throw planned on copies of the match, then spread
-// by its skill; under low, usual and strong gravity (low gravity makes long flights to
+// The computer's decision on seeded cities: its throw planned on copies of the match, then its
+// rough first guess; under low, usual and strong gravity (low gravity makes long flights to
 // try), once with the usual projectile only, once holding every special one.
 #include <benchmark/benchmark.h>
 
@@ -47,7 +47,7 @@ void BM_ChooseThrow(benchmark::State& state) {
     std::size_t i = 0;
     for (auto _ : state) {
         const game::Match& m = cities[i++ % cities.size()];
-        benchmark::DoNotOptimize(computer::spread(computer::planThrow(m).aim, style, 0, random));
+        benchmark::DoNotOptimize(computer::guess(computer::planThrow(m).aim, style, random));
     }
 }
 BENCHMARK(BM_ChooseThrow)
