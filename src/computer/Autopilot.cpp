@@ -90,13 +90,29 @@ void Autopilot::act(game::Match& m) {
     script_.pop_front();
     switch (a.kind) {
         case Action::Kind::Angle: m.setAngleText(a.text); break;
+        case Action::Kind::ToVelocity: hands_.typingInto = Box::Velocity; break;
         case Action::Kind::Velocity: m.setVelocityText(a.text); break;
         case Action::Kind::Choose: m.chooseProjectile(a.projectile); break;
-        case Action::Kind::Throw: m.throwProjectile(); break;
+        case Action::Kind::PressThrow: hands_.throwDown = true; break;
+        case Action::Kind::Throw:
+            hands_.throwDown = false;
+            m.throwProjectile();
+            break;
     }
 }
 
-void Autopilot::decide(game::Match& m) { write(m, aimFor(m, planThrow(m))); }
+Autopilot::Hands Autopilot::hands(const game::Match& m) const {
+    if (!onTurn(m)) return {};
+    // While it thinks it sits at the angle box, where every turn begins.
+    if (turn_ != Turn{m.currentPlayer(), m.aimingSince()}) return {Box::Angle, false};
+    return hands_;
+}
+
+void Autopilot::decide(game::Match& m) {
+    const Throw t = aimFor(m, planThrow(m));
+    hands_ = {Box::Angle, false};
+    write(m, t);
+}
 
 // Its throw starts from its last one, moved as far as the plan moved (the wind turned, a crater
 // opened a way), and takes off part of what that one missed by.
@@ -122,11 +138,16 @@ void Autopilot::write(const game::Match& m, const Throw& t) {
             script_.push_back({at += kKeyMs, kind, text.left(n)});
     };
     type(Action::Kind::Angle, t.angle);
-    at += kBetweenBoxesMs;
+    script_.push_back({at += kBetweenBoxesMs, Action::Kind::ToVelocity, {}});
     type(Action::Kind::Velocity, t.velocity);
-    if (t.kind != game::ProjectileKind::Normal)
-        script_.push_back({at += kBetweenBoxesMs, Action::Kind::Choose, {}, t.kind});
-    script_.push_back({at += kBeforeThrowMs, Action::Kind::Throw, {}});
+    at += kBetweenBoxesMs;
+    // The frame moves to its projectile a while before the throw, for the others to see.
+    if (t.kind != game::ProjectileKind::Normal) {
+        script_.push_back({at, Action::Kind::Choose, {}, t.kind});
+        at += kChoiceShownMs;
+    }
+    script_.push_back({at, Action::Kind::PressThrow, {}});
+    script_.push_back({at += kThrowHeldMs, Action::Kind::Throw, {}});
 }
 
 }  // namespace computer

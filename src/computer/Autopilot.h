@@ -1,6 +1,6 @@
 #pragma once
 // The computer at a seat: on its turn it waits a moment, plans its throw, types angle and velocity
-// into the boxes one character at a time, picks its projectile and throws, all in match
+// into the boxes one character at a time, picks its projectile and presses Throw, all in match
 // time, so that a pause stops it mid-word and the same seed gives the same throws. Like a person,
 // it throws at a new target roughly and corrects every further throw from where the last went.
 #include <QPoint>
@@ -41,12 +41,23 @@ Offset correct(const Offset& last, const Style& style, core::Random& random);
 
 class Autopilot : public game::Pilot {
 public:
-    // How long it thinks before it types, between two keys, between the boxes, before it throws.
-    static constexpr int kThinkMs = 900, kKeyMs = 160, kBetweenBoxesMs = 300, kBeforeThrowMs = 450;
+    // How long it thinks before it types, between two keys, between the boxes, from choosing its
+    // projectile to pressing Throw, and how long it holds Throw down.
+    static constexpr int kThinkMs = 900, kKeyMs = 160, kBetweenBoxesMs = 300, kChoiceShownMs = 600,
+                         kThrowHeldMs = 200;
+
+    // What its hands do on its turn, for the window to show: the box it types into, Throw held
+    // down.
+    enum class Box { None, Angle, Velocity };
+    struct Hands {
+        Box typingInto = Box::None;
+        bool throwDown = false;
+    };
 
     explicit Autopilot(std::uint64_t seed) : random_(seed) {}
     std::optional<int> nextActionAt(const game::Match& match) const override;
     void act(game::Match& match) override;
+    Hands hands(const game::Match& match) const;
 
 private:
     struct Turn {
@@ -55,7 +66,7 @@ private:
         bool operator==(const Turn&) const = default;
     };
     struct Action {
-        enum class Kind { Angle, Velocity, Choose, Throw };
+        enum class Kind { Angle, ToVelocity, Velocity, Choose, PressThrow, Throw };
         int at;
         Kind kind;
         QString text;
@@ -82,6 +93,7 @@ private:
     core::Random random_;
     Turn turn_;
     std::deque<Action> script_;
+    Hands hands_;
     std::array<std::optional<LastThrow>, 4> last_;
 };
 

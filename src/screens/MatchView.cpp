@@ -39,7 +39,7 @@ MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, game::K
       data_(std::move(data)) {
     match_.setPilot(&pilot_);
     field_ = new MatchField(this, match_);
-    strip_ = new MatchStrip(this, match_);
+    strip_ = new MatchStrip(this, match_, pilot_);
     timer_.setHandler([this] { step(); });
     lastTick_ = ui::clock().tickCount();
     refresh();
