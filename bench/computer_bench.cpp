@@ -1,5 +1,6 @@
-// The computer's decision on seeded cities: its throw planned on copies of the match, then spread
-// by its skill; once with the usual projectile only, once holding every special one.
+// The computer's decision on seeded cities: its throw planned on copies of the match, then its
+// rough first guess; under low, usual and strong gravity (low gravity makes long flights to
+// try), once with the usual projectile only, once holding every special one.
 #include <benchmark/benchmark.h>
 
 #include "Pictures.h"
@@ -9,11 +10,12 @@ namespace {
 
 using bench::picture;
 
-// The first turn of a "1 vs 1" match with the usual options in the city of `seed`; with
-// `specials`, the turn after, every special projectile in hand.
-game::Match firstTurn(std::uint64_t seed, bool specials) {
+// The first turn of a "1 vs 1" match with the usual options but `gravity` in the city of `seed`;
+// with `specials`, the turn after, every special projectile in hand.
+game::Match firstTurn(std::uint64_t seed, double gravity, bool specials) {
     game::MatchSetup s;
     s.seed = seed;
+    s.settings.gravity = gravity;
     s.carry.modes.allProjectiles = specials;
     for (int i = 0; i < 2; ++i) {
         const QString stem = QStringLiteral("characters/%1 Grumbo").arg(i ? "Rapper" : "Classic");
@@ -36,21 +38,21 @@ game::Match firstTurn(std::uint64_t seed, bool specials) {
 }
 
 void BM_ChooseThrow(benchmark::State& state) {
-    const auto skill = static_cast<game::Skill>(state.range(0));
+    const double gravity = static_cast<double>(state.range(0)) / 10;
     std::vector<game::Match> cities;
     for (std::uint64_t seed = 1; seed <= 8; ++seed)
-        cities.push_back(firstTurn(seed, state.range(1)));
+        cities.push_back(firstTurn(seed, gravity, state.range(1)));
+    const computer::Style style = computer::styleOf(game::Skill::Normal);
     core::Random random(1);
     std::size_t i = 0;
     for (auto _ : state) {
         const game::Match& m = cities[i++ % cities.size()];
-        benchmark::DoNotOptimize(
-            computer::spread(computer::planThrow(m).aim, computer::styleOf(skill), 0, random));
+        benchmark::DoNotOptimize(computer::guess(computer::planThrow(m).aim, style, random));
     }
 }
 BENCHMARK(BM_ChooseThrow)
-    ->ArgNames({"skill", "specials"})
-    ->ArgsProduct({{0, 1, 2}, {0, 1}})
+    ->ArgNames({"gravityTenths", "specials"})
+    ->ArgsProduct({{5, 98, 200}, {0, 1}})
     ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "computer/Autopilot.h"
 #include "game/Match.h"
 #include "ui/CanvasWidget.h"
 #include "ui/Fonts.h"
@@ -26,7 +27,8 @@ void setText(QLabel* l, const QString& text) {
 }
 }  // namespace
 
-MatchStrip::MatchStrip(QWidget* parent, game::Match& match) : QWidget(parent), match_(match) {
+MatchStrip::MatchStrip(QWidget* parent, game::Match& match, const computer::Autopilot& pilot)
+    : QWidget(parent), match_(match), pilot_(pilot) {
     setGeometry(0, game::kFieldHeight, game::kFieldWidth, kStripHeight);
     setAutoFillBackground(true);
     createAiming();
@@ -63,7 +65,7 @@ void MatchStrip::createAiming() {
         sync();
     });
     QObject::connect(throw_, &QPushButton::clicked, this, [this] {
-        match_.throwProjectile();
+        if (!computersTurn()) match_.throwProjectile();
         sync();
     });
 }
@@ -109,6 +111,7 @@ void MatchStrip::sync() {
         if (box->text() != text && m.inputOpen()) box->setText(text);
     }
     throw_->setEnabled(m.canThrow() && !computer);
+    if (computer) showComputersHands();
     frame_->move(m.selectionFrameLeft(), frame_->y());
     for (int k = 0; k < game::kKinds; ++k) {
         const auto kind = static_cast<game::ProjectileKind>(k);
@@ -123,6 +126,20 @@ void MatchStrip::sync() {
 }
 
 void MatchStrip::focusAngle() { angle_->setFocus(); }
+
+void MatchStrip::showComputersHands() {
+    const computer::Autopilot::Hands hands = pilot_.hands(match_);
+    // The keyboard follows its typing: the box it fills is the one in focus.
+    using Box = computer::Autopilot::Box;
+    if (hands.typingInto != Box::None) {
+        QLineEdit* box = hands.typingInto == Box::Angle ? angle_ : velocity_;
+        if (window()->focusWidget() != box) box->setFocus();
+    }
+    // Throw held down looks like a person's press, not like a greyed-out button; a click on it
+    // then still throws nothing for the computer.
+    if (hands.throwDown) throw_->setEnabled(true);
+    if (throw_->isDown() != hands.throwDown) throw_->setDown(hands.throwDown);
+}
 
 bool MatchStrip::computersTurn() const {
     return match_.computer(match_.currentPlayer()).has_value();

@@ -34,7 +34,7 @@ MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, ui::Key
       data_(std::move(data)) {
     match_.setPilot(&pilot_);
     field_ = new MatchField(this, match_);
-    strip_ = new MatchStrip(this, match_);
+    strip_ = new MatchStrip(this, match_, pilot_);
     timer_.setHandler([this] { step(); });
     // The keyboard trap hears the keys from the moment the match window, or its loading box over
     // it, has the keyboard: Escape pauses the start too.

@@ -1,8 +1,11 @@
 // The computer's seats on the model: the throw it plans frags an enemy and never its own side; it
 // types its throw key by key on its own turn only, stands still while paused, and plays the same
 // throws for the same seed however the match is advanced.
+#include <limits>
+
 #include "GameSupport.h"
 #include "computer/Autopilot.h"
+#include "game/Damage.h"
 
 using namespace testing_support;
 using computer::Autopilot;
@@ -53,19 +56,157 @@ TEST(Planner, TakesTheNukeWhenItHoldsOneThatReachesTheEnemysBuilding) {
     EXPECT_LT(play.match.figure(enemy).pos.x(), building.right);
 }
 
-// A match of one person (player 1) and the computer (player 2).
+// The place on the roof of the building at `x` where `f` stands in its middle.
+QPoint RoofPlace(const game::Match& m, int x, const game::Figure& f) {
+    const game::Span b = game::buildingAt(m.sky(), m.scene(), x);
+    return {(b.left + b.right) / 2 - f.width() / 2,
+            game::rowAboveRoof(m.sky(), m.scene(), b) - f.height() + 1};
+}
+
+TEST(Planner, ReachesAnEnemyAcrossTheWholeCity) {
+    // Player 1 on the leftmost roof, player 2 on the rightmost, where player 2 plans: low gravity
+    // with a strong wind behind him carries even a slow throw too far, strong gravity needs a
+    // fast one.
+    struct Case {
+        double gravity;
+        int windExtremity;
+        std::uint64_t seed;
+    };
+    for (const Case c : {Case{0.5, 35, 11}, Case{20, 0, 1}, Case{20, 0, 6}}) {
+        SCOPED_TRACE(testing::Message() << "gravity " << c.gravity << ", seed " << c.seed);
+        game::MatchSetup setup = CalmSetup(2, c.seed);
+        setup.settings.gravity = c.gravity;
+        setup.settings.windExtremity = c.windExtremity;
+        Play play(setup);
+        play.started();
+        const game::Match& m = play.match;
+        play.flyTo(RoofPlace(m, 3, m.figure(0)));
+        ASSERT_TRUE(play.throwAt(135, 300));
+        play.flyTo(RoofPlace(m, game::kFieldWidth - 4, m.figure(1)));
+        ASSERT_GT(m.figure(1).pos.x() - m.figure(0).pos.x(), 600);
+        if (c.windExtremity > 0) {
+            ASSERT_LE(m.wind().drift(), -0.25) << "a strong wind blows towards player 1";
+        }
+        const computer::Plan plan = computer::planThrow(m);
+        EXPECT_TRUE(plan.frags);
+        const game::Impact impact = computer::tryThrow(m, plan.aim);
+        EXPECT_EQ(impact.what, game::Impact::What::Character);
+        EXPECT_EQ(impact.player, 0);
+    }
+}
+
+int Middle(const game::Match& m, int player) {
+    return m.figure(player).pos.x() + m.figure(player).width() / 2;
+}
+
+// Flies the current player until his middle is `apart` pixels right of player `to`'s and his
+// feet at the height of `to`'s.
+void FlyBeside(Play& play, int to, int apart) {
+    const game::Match& m = play.match;
+    const game::Figure &me = m.figure(m.currentPlayer()), &other = m.figure(to);
+    play.flyTo(
+        {Middle(m, to) + apart - me.width() / 2, other.pos.y() + other.height() - me.height()});
+}
+
+// Every throw the current player could make at a few angles, slow enough to end near him, that
+// ends within 40 pixels of player `beside`'s middle but hits nobody: none is clear of his side.
+void ExpectNoThrowBesideIsClear(const game::Match& m, int beside) {
+    SCOPED_TRACE(testing::Message() << "beside player " << beside + 1);
+    int found = 0;
+    for (const int angle : {30, 45, 60, 75})
+        for (int velocity = 1; velocity <= 40; ++velocity) {
+            const computer::Throw t{angle, velocity};
+            const game::Impact impact = computer::tryThrow(m, t);
+            if (impact.what == game::Impact::What::Character ||
+                std::abs(impact.at.x() - Middle(m, beside)) >= 40)
+                continue;
+            ++found;
+            EXPECT_FALSE(computer::keepsClear(m, t)) << angle << " degrees, velocity " << velocity;
+        }
+    EXPECT_GT(found, 0);
+}
+
+TEST(Planner, CountsNoThrowClearThatEndsBesideTheThrowerOrHisTeamMate) {
+    // An enemy has come within 50 pixels of the thrower or of his team mate: a throw that ends
+    // beside them is not clear of his side, though it ends as near the enemy.
+    Play one(CalmSetup(2, 5));
+    one.started();
+    FlyBeside(one, 1, -50);
+    ExpectNoThrowBesideIsClear(one.match, 0);
+    // In 2 vs 2 turns go 1, 3, 2, 4: player 3 flies up to player 2, in front of player 1, and
+    // when the turn has come round player 1 throws.
+    Play two(CalmSetup(4, 5));
+    two.started();
+    ASSERT_TRUE(two.throwAt(135, 300));
+    FlyBeside(two, 1, 50);
+    for (int turn = 0; turn < 3; ++turn) ASSERT_TRUE(two.throwAt(135, 300));
+    ASSERT_EQ(two.match.currentPlayer(), 0);
+    ExpectNoThrowBesideIsClear(two.match, 1);
+}
+
+// A match of one person (player 1) and the computer (player 2), by default in a city of the
+// usual options.
 struct AgainstTheComputer : Play {
     explicit AgainstTheComputer(std::uint64_t seed, game::Skill skill = game::Skill::Hard)
-        : Play(Setup(seed, skill)), pilot(seed) {
+        : AgainstTheComputer(ShippedSetup(2, seed), skill) {}
+    AgainstTheComputer(game::MatchSetup setup, game::Skill skill)
+        : Play(WithComputer(setup, skill)), pilot(setup.seed) {
         match.setPilot(&pilot);
     }
-    static game::MatchSetup Setup(std::uint64_t seed, game::Skill skill) {
-        game::MatchSetup s = ShippedSetup(2, seed);
+    static game::MatchSetup WithComputer(game::MatchSetup s, game::Skill skill) {
         s.players[1].computer = skill;
         return s;
     }
     Autopilot pilot;
 };
+
+// ---- Watching the computer throw ---------------------------------------------------------------
+
+// One of the computer's throws: what it meant as it decided, what it threw, how it ended, and
+// where the middle of every character in play was.
+struct Watched {
+    int thrower = -1;
+    int round = 0;
+    computer::Plan plan;
+    computer::Throw thrown;
+    game::Impact impact;
+    std::vector<std::optional<int>> middles;
+    // How far the throw was off the plan, in angle and in velocity.
+    int angleOff() const { return std::abs(thrown.angle - plan.aim.angle); }
+    int velocityOff() const { return std::abs(thrown.velocity - plan.aim.velocity); }
+};
+
+// Moves the match on to the end of the next throw of a computer, throwing the people's turns
+// away backwards off the field; none when the match ends first. With `planned` the test plans
+// the computer's throw too, on the match as the computer sees it.
+std::optional<Watched> NextComputerThrow(Play& play, bool planned = true) {
+    const game::Match& m = play.match;
+    for (int turn = 0; turn < 10; ++turn) {
+        const auto ready = [&] {
+            return m.over() || (m.phase() == Phase::Aiming && m.inputOpen());
+        };
+        if (!play.runUntil(ready, 600000) || m.over()) return std::nullopt;
+        if (!m.computer(m.currentPlayer())) {
+            play.throwAt(135, 300);
+            continue;
+        }
+        Watched w;
+        w.thrower = m.currentPlayer();
+        w.round = m.round();
+        if (planned) w.plan = computer::planThrow(m);
+        for (int i = 0; i < m.players(); ++i) {
+            const game::Figure& f = m.figure(i);
+            w.middles.push_back(f.inPlay() ? std::optional(f.pos.x() + f.width() / 2)
+                                           : std::nullopt);
+        }
+        if (!play.runUntil([&] { return m.phase() == Phase::Flying; })) return std::nullopt;
+        w.thrown = {m.angleText().toInt(), m.velocityText().toInt(), m.chosenKind()};
+        play.runUntil([&] { return m.phase() != Phase::Flying; }, 600000);
+        w.impact = m.lastImpact();
+        return w;
+    }
+    return std::nullopt;
+}
 
 TEST(Autopilot, TypesItsThrowKeyByKeyOnItsOwnTurnAndStandsStillWhilePaused) {
     AgainstTheComputer play(5);
@@ -121,6 +262,169 @@ TEST(Autopilot, PlaysTheSameThrowsForTheSameSeedHoweverTheMatchIsAdvanced) {
     const std::vector<int> once = play(1);
     EXPECT_EQ(play(16), once);
     EXPECT_EQ(play(250), once);
+}
+
+// True when `next` is `last` corrected: no part of its offset from the plan grew, and the whole
+// of it shrank unless it was nothing already.
+bool Corrects(const Watched& next, const Watched& last) {
+    const int before = last.angleOff() + last.velocityOff();
+    return next.angleOff() <= last.angleOff() && next.velocityOff() <= last.velocityOff() &&
+           (before == 0 || next.angleOff() + next.velocityOff() < before);
+}
+
+TEST(Autopilot, CorrectsEveryFurtherThrowOfARoundFromTheLast) {
+    // Craters and the sparse collision checks blur where a throw lands by about a crater.
+    constexpr int kBlur = 2 * game::kCraterRadius + 4;
+    int pairs = 0, shortOnes = 0, longerAfterShort = 0;
+    for (const bool calm : {false, true})
+        for (const game::Skill skill : {game::Skill::Easy, game::Skill::Normal})
+            for (std::uint64_t seed = 1; seed <= 3; ++seed) {
+                SCOPED_TRACE(testing::Message() << (calm ? "calm" : "gusts") << ", skill "
+                                                << static_cast<int>(skill) << ", seed " << seed);
+                AgainstTheComputer play(calm ? CalmSetup(2, seed) : ShippedSetup(2, seed), skill);
+                play.started();
+                std::optional<Watched> last;
+                for (int n = 0; n < 8; ++n) {
+                    std::optional<Watched> w = NextComputerThrow(play);
+                    if (!w) break;
+                    if (last && last->round == w->round) {
+                        ++pairs;
+                        EXPECT_TRUE(Corrects(*w, *last))
+                            << "off the plan by " << last->angleOff() << " degrees and "
+                            << last->velocityOff() << ", then " << w->angleOff() << " and "
+                            << w->velocityOff();
+                        // The computer (player 2) throws to the left, at player 1.
+                        const auto reach = [](const Watched& t) {
+                            return *t.middles[1] - t.impact.at.x();
+                        };
+                        if (calm && last->impact.what == game::Impact::What::Building &&
+                            reach(*last) < *last->middles[1] - *last->middles[0]) {
+                            ++shortOnes;
+                            longerAfterShort += reach(*w) > reach(*last);
+                            EXPECT_GE(reach(*w), reach(*last) - kBlur)
+                                << "shorter after a short one";
+                        }
+                    }
+                    last = std::move(w);
+                }
+            }
+    EXPECT_GE(pairs, 20) << "enough throws to see it";
+    EXPECT_GE(shortOnes, 5);
+    EXPECT_GE(longerAfterShort * 4, shortOnes * 3)
+        << "most short throws are followed by longer ones";
+}
+
+TEST(Autopilot, StartsAfreshWithARoughThrowAtEveryNewTarget) {
+    // Its first throw in a new round, and its first at an enemy who has moved, is a new rough
+    // guess, not the last throw corrected: not in every city, but in most.
+    int cases = 0, fresh = 0;
+    for (std::uint64_t seed = 1; seed <= 4; ++seed) {
+        AgainstTheComputer play(ShippedSetup(2, seed), game::Skill::Normal);
+        play.started();
+        std::optional<Watched> last, w;
+        while ((w = NextComputerThrow(play)) && w->round == 1) last = w;
+        ASSERT_TRUE(last && w) << "seed " << seed;
+        ++cases;
+        fresh += !Corrects(*w, *last);
+    }
+    for (const std::uint64_t seed : {1, 2, 3, 5}) {
+        AgainstTheComputer play(ShippedSetup(2, seed), game::Skill::Easy);
+        play.started();
+        NextComputerThrow(play);
+        const std::optional<Watched> before = NextComputerThrow(play);
+        ASSERT_TRUE(before && before->round == 1) << "seed " << seed;
+        play.runUntil([&] { return play.match.inputOpen() && play.match.currentPlayer() == 0; });
+        play.flyTo(play.match.figure(0).pos - QPoint(0, 60));
+        const std::optional<Watched> after = NextComputerThrow(play);
+        ASSERT_TRUE(after && after->round == 1) << "seed " << seed;
+        ++cases;
+        fresh += !Corrects(*after, *before);
+    }
+    EXPECT_GE(fresh * 3, cases * 2) << fresh << " of " << cases << " started afresh";
+}
+
+TEST(Autopilot, NeverLandsOnItsOwnSideNorNearItsTeamMate) {
+    // Matches of computers who miss most of their throws: every throw frags an enemy or ends
+    // nearer an enemy than anyone of the thrower's side, and not close to him or his team mate.
+    constexpr int kNear = 40;
+    for (const int players : {2, 4}) {
+        game::MatchSetup setup = ShippedSetup(players, 3);
+        for (auto& p : setup.players) p.computer = game::Skill::Easy;
+        setup.settings.fragLimit = 10;
+        Play play(setup);
+        Autopilot pilot(3);
+        play.match.setPilot(&pilot);
+        play.started();
+        const auto side = [&](int p) { return p / (players / 2); };
+        for (int n = 0; n < 30; ++n) {
+            const std::optional<Watched> w = NextComputerThrow(play, false);
+            ASSERT_TRUE(w);
+            SCOPED_TRACE(testing::Message() << players << " players, throw " << n << " of player "
+                                            << w->thrower + 1 << " ends at " << w->impact.at.x());
+            if (w->impact.what == game::Impact::What::Character) {
+                EXPECT_NE(side(w->impact.player), side(w->thrower));
+                continue;
+            }
+            int own = std::numeric_limits<int>::max(), enemy = own;
+            for (int i = 0; i < players; ++i) {
+                if (!w->middles[static_cast<std::size_t>(i)]) continue;
+                const int d = std::abs(w->impact.at.x() - *w->middles[static_cast<std::size_t>(i)]);
+                int& nearest = side(i) == side(w->thrower) ? own : enemy;
+                nearest = std::min(nearest, d);
+            }
+            EXPECT_LT(enemy, own);
+            EXPECT_GE(own, kNear);
+        }
+    }
+}
+
+TEST(Autopilot, ThrowsAHeldSpecialProjectileWhereItHelps) {
+    // In these open cities a nuke always takes the enemy's building. The magnetic projectile's
+    // pull widens the row of fragging velocities where the usual projectile's is narrow (seeds 2
+    // and 4), not where it is wide already (seed 1). The war projectile is kept for where nothing
+    // else gets through.
+    using K = game::ProjectileKind;
+    struct Case {
+        K held;
+        std::uint64_t seed;
+        K thrown;
+    };
+    for (const Case& c : {Case{K::Nuke, 1, K::Nuke}, Case{K::Nuke, 2, K::Nuke},
+                          Case{K::Magnetic, 1, K::Normal}, Case{K::Magnetic, 2, K::Magnetic},
+                          Case{K::Magnetic, 4, K::Magnetic}, Case{K::War, 1, K::Normal}}) {
+        SCOPED_TRACE(testing::Message()
+                     << "holding " << static_cast<int>(c.held) << ", seed " << c.seed);
+        game::MatchSetup setup = ShippedSetup(2, c.seed);
+        setup.carry.specials[1][static_cast<std::size_t>(c.held)] = true;
+        AgainstTheComputer play(setup, game::Skill::Hard);
+        play.started();
+        const std::optional<Watched> w = NextComputerThrow(play);
+        ASSERT_TRUE(w);
+        EXPECT_EQ(w->plan.aim.kind, c.thrown);
+        EXPECT_EQ(w->thrown.kind, c.thrown);
+    }
+    // Sheltered inside his building, the person is out of reach of all but the war projectile,
+    // which bores through the roof.
+    game::MatchSetup setup = ShippedSetup(2, 2);
+    setup.carry.specials[1][static_cast<std::size_t>(K::War)] = true;
+    AgainstTheComputer play(setup, game::Skill::Hard);
+    play.started();
+    const game::Figure& person = play.match.figure(0);
+    const int roof = game::rowAboveRoof(play.match.sky(), play.match.scene(),
+                                        game::buildingAt(play.match.sky(), play.match.scene(),
+                                                         person.pos.x() + person.width() / 2));
+    play.flyTo(person.pos + QPoint(0, person.height() + 12));
+    ASSERT_GT(person.pos.y(), roof + 10);
+    ASSERT_LE(person.pos.y() + person.height(), game::kGroundLine);
+    ASSERT_TRUE(play.throwAt(135, 300));
+    const computer::Plan plan = computer::planThrow(play.match);
+    EXPECT_EQ(plan.aim.kind, K::War);
+    EXPECT_EQ(computer::tryThrow(play.match, plan.aim).player, 0);
+    const computer::Throw usual{plan.aim.angle, plan.aim.velocity, K::Normal};
+    EXPECT_EQ(computer::tryThrow(play.match, usual).what, game::Impact::What::Building);
+    const std::optional<Watched> w = NextComputerThrow(play);
+    ASSERT_TRUE(w);
+    EXPECT_EQ(w->thrown.kind, K::War);
 }
 
 }  // namespace

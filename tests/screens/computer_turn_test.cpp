@@ -1,0 +1,129 @@
+// The computer's turn as the match window shows it, in virtual time: the keyboard focus follows
+// its typing, the selection frame stands at its projectile a while before it throws, and Throw
+// looks pressed just before the throw, while only the computer's own throw counts.
+#include <QFrame>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "TestSupport.h"
+#include "computer/Autopilot.h"
+#include "screens/MatchStrip.h"
+#include "ui/CanvasWidget.h"
+
+using namespace testing_support;
+using computer::Autopilot;
+
+namespace {
+
+// What the strip showed at one virtual millisecond of the computer's turn.
+struct Moment {
+    QString angle, velocity;
+    QWidget* focus;
+    int frameLeft;
+    bool throwDown, throwEnabled;
+};
+
+class ComputerTurn : public ScreensTest {
+protected:
+    // Player 1 is the computer, player 2 the person Bo, who gives every thrower all the special
+    // projectiles while the computer's first turn goes on and throws his own turns away.
+    void SetUp() override {
+        ScreensTest::SetUp();
+        flow = std::make_unique<app::ScreenFlow>(
+            app::Services{sound, keys, ShippedData(), [] { return 7u; }, [this] { ++quits; }},
+            std::array<screens::Seat, 4>{game::Skill::Hard});
+        flow->start();
+        flow->title()->start();
+        flow->setup()->next();
+        flow->players()->next();
+        QTest::keyClicks(flow->players()->nameBox, QStringLiteral("Bo"));
+        flow->players()->next();
+        ASSERT_TRUE(RoundStands());
+        for (const char c : std::string("\\ZAP PLINKOS"))
+            Tap(c == '\\' ? game::key::kBackslash : c == ' ' ? game::key::kSpace : c);
+    }
+    const game::Match& match() { return flow->match()->match(); }
+    screens::MatchStrip& strip() { return *flow->match()->strip(); }
+
+    // Runs until the computer's turn opens with the special projectiles in hand.
+    bool ComputersTurnWithSpecials() {
+        for (int turn = 0; turn < 6; ++turn) {
+            if (!clock.runUntil([&] { return match().inputOpen(); }, 60000)) return false;
+            const bool computers = match().currentPlayer() == 0;
+            if (computers && match().selectorShown(game::ProjectileKind::Nuke)) return true;
+            if (!computers) {
+                QTest::keyClicks(strip().angleBox(), QStringLiteral("135"));
+                QTest::keyClicks(strip().velocityBox(), QStringLiteral("300"));
+                strip().throwButton()->click();
+            }
+            clock.runUntil([&] { return !match().inputOpen(); }, 20000);
+        }
+        return false;
+    }
+
+    // The computer's turn, one virtual millisecond at a time, up to its throw.
+    std::vector<Moment> WatchUntilTheThrow() {
+        std::vector<Moment> seen;
+        screens::MatchStrip& s = strip();
+        while (match().phase() == game::Phase::Aiming && seen.size() < 20000) {
+            seen.push_back({s.angleBox()->text(), s.velocityBox()->text(),
+                            flow->match()->focusWidget(), s.selectionFrame()->x(),
+                            s.throwButton()->isDown(), s.throwButton()->isEnabled()});
+            clock.advance(1);
+        }
+        return seen;
+    }
+};
+
+TEST_F(ComputerTurn, TheStripFollowsItsTypingItsChoiceAndItsPressOfThrow) {
+    ASSERT_TRUE(ComputersTurnWithSpecials());
+    const std::vector<Moment> seen = WatchUntilTheThrow();
+    ASSERT_EQ(match().phase(), game::Phase::Flying) << "it threw";
+    const game::ProjectileKind kind = match().chosenKind();
+    ASSERT_NE(kind, game::ProjectileKind::Normal) << "a special projectile helps it here";
+    screens::MatchStrip& s = strip();
+    const int throwAt = static_cast<int>(seen.size());
+    const int frameAtChoice = s.selector(static_cast<int>(kind))->x() - 1;
+    for (int t = 0; t < throwAt; ++t) {
+        const Moment& now = seen[static_cast<std::size_t>(t)];
+        const int before = throwAt - t;
+        SCOPED_TRACE(testing::Message() << before << " ms before the throw");
+        const bool typingAngle =
+            now.velocity.isEmpty() && !now.angle.isEmpty() && now.angle != seen.back().angle;
+        if (typingAngle) {
+            ASSERT_EQ(now.focus, s.angleBox()) << "typing the angle";
+        }
+        if (!now.velocity.isEmpty()) {
+            ASSERT_EQ(now.focus, s.velocityBox()) << "typing the velocity";
+        }
+        // The frame stands at its choice for a clear moment before the throw.
+        if (before <= 500) {
+            ASSERT_EQ(now.frameLeft, frameAtChoice);
+        }
+        // Throw goes down a moment before the throw, looking like a person's press.
+        if (before <= Autopilot::kThrowHeldMs - 10) {
+            ASSERT_TRUE(now.throwDown && now.throwEnabled);
+        }
+        if (before > Autopilot::kThrowHeldMs + 10) {
+            ASSERT_FALSE(now.throwDown);
+        }
+    }
+    EXPECT_FALSE(s.throwButton()->isDown()) << "released with the throw";
+}
+
+TEST_F(ComputerTurn, AClickOnThrowWhileTheComputerHoldsItThrowsNothingForIt) {
+    ASSERT_TRUE(ComputersTurnWithSpecials());
+    QPushButton* button = strip().throwButton();
+    ASSERT_TRUE(clock.runUntil([&] { return button->isDown(); }, 20000));
+    const QString velocity = match().velocityText();
+    QTest::mouseClick(button, Qt::LeftButton);
+    clock.advance(1);
+    EXPECT_EQ(match().phase(), game::Phase::Aiming) << "the person's click threw for it";
+    EXPECT_TRUE(button->isDown()) << "still held by the computer";
+    ASSERT_TRUE(clock.runUntil([&] { return match().phase() == game::Phase::Flying; },
+                               Autopilot::kThrowHeldMs));
+    EXPECT_EQ(QString::number(match().flight().velocity), velocity);
+}
+
+}  // namespace
