@@ -97,8 +97,11 @@ TEST_F(Seats, OnTheComputersTurnTheStripShowsItsTypingAndOnlyItThrows) {
     EXPECT_TRUE(m.velocityText().isEmpty()) << "the person cannot type for it";
     clock.runUntil([&] { return !m.velocityText().isEmpty(); }, 10000);
     EXPECT_FALSE(strip.throwButton()->isEnabled());
-    clock.runUntil([&] { return m.currentPlayer() == 1 && m.inputOpen(); }, 60000);
-    EXPECT_EQ(v.windowTitle(), "Bo - 0 pts") << "the turn comes back with no input";
+    // Its throw may frag Bo, and the next round opens the boxes while it is still being built.
+    clock.runUntil(
+        [&] { return m.currentPlayer() == 1 && m.inputOpen() && m.phase() == game::Phase::Aiming; },
+        60000);
+    EXPECT_TRUE(v.windowTitle().startsWith("Bo - ")) << "the turn comes back with no input";
     EXPECT_FALSE(strip.angleBox()->isReadOnly());
     for (const char c : std::string("\\ZAP PLINKOS"))
         Tap(c == '\\' ? game::key::kBackslash : c == ' ' ? game::key::kSpace : c);
