@@ -29,9 +29,11 @@ game::Match firstTurn(std::uint64_t seed, double gravity, bool specials) {
     while (m.phase() != game::Phase::Aiming) m.advance(100);
     if (specials) {
         // Thrown backwards off the field: the turn passes with nothing else changed.
-        m.setAngleText(QStringLiteral("135"));
-        m.setVelocityText(QStringLiteral("300"));
-        m.throwProjectile();
+        using Kind = game::Command::Kind;
+        for (const auto& [kind, text] :
+             {std::pair(Kind::Angle, QStringLiteral("135")),
+              std::pair(Kind::Velocity, QStringLiteral("300")), std::pair(Kind::Throw, QString())})
+            m.apply({m.clock(), m.currentPlayer(), kind, text});
         while (m.phase() != game::Phase::Aiming) m.advance(100);
     }
     return m;

@@ -79,26 +79,28 @@ std::optional<int> Autopilot::nextActionAt(const game::Match& m) const {
     return script_.empty() ? m.now() + kThinkMs : script_.front().at;
 }
 
-void Autopilot::act(game::Match& m) {
+std::vector<game::Command> Autopilot::act(const game::Match& m) {
     const Turn now{m.currentPlayer(), m.aimingSince()};
     if (turn_ != now || script_.empty()) {
         turn_ = now;
         decide(m);
-        return;
+        return {};
     }
     const Action a = script_.front();
     script_.pop_front();
+    using Kind = game::Command::Kind;
+    const auto send = [&](Kind kind, const QString& text = {}, int value = 0) {
+        return std::vector<game::Command>{{m.clock(), m.currentPlayer(), kind, text, value}};
+    };
     switch (a.kind) {
-        case Action::Kind::Angle: m.setAngleText(a.text); break;
+        case Action::Kind::Angle: return send(Kind::Angle, a.text);
         case Action::Kind::ToVelocity: hands_.typingInto = Box::Velocity; break;
-        case Action::Kind::Velocity: m.setVelocityText(a.text); break;
-        case Action::Kind::Choose: m.chooseProjectile(a.projectile); break;
+        case Action::Kind::Velocity: return send(Kind::Velocity, a.text);
+        case Action::Kind::Choose: return send(Kind::Choose, {}, static_cast<int>(a.projectile));
         case Action::Kind::PressThrow: hands_.throwDown = true; break;
-        case Action::Kind::Throw:
-            hands_.throwDown = false;
-            m.throwProjectile();
-            break;
+        case Action::Kind::Throw: hands_.throwDown = false; return send(Kind::Throw);
     }
+    return {};
 }
 
 Autopilot::Hands Autopilot::hands(const game::Match& m) const {
@@ -108,7 +110,7 @@ Autopilot::Hands Autopilot::hands(const game::Match& m) const {
     return hands_;
 }
 
-void Autopilot::decide(game::Match& m) {
+void Autopilot::decide(const game::Match& m) {
     const Throw t = aimFor(m, planThrow(m));
     hands_ = {Box::Angle, false};
     write(m, t);

@@ -56,7 +56,7 @@ public:
 
     explicit Autopilot(std::uint64_t seed) : random_(seed) {}
     std::optional<int> nextActionAt(const game::Match& match) const override;
-    void act(game::Match& match) override;
+    std::vector<game::Command> act(const game::Match& match) override;
     Hands hands(const game::Match& match) const;
 
 private:
@@ -86,7 +86,7 @@ private:
     };
 
     static bool onTurn(const game::Match& m);
-    void decide(game::Match& m);
+    void decide(const game::Match& m);
     Throw aimFor(const game::Match& m, const Plan& plan);
     void write(const game::Match& m, const Throw& t);
 

@@ -190,10 +190,14 @@ Candidate search(const game::Match& m, ProjectileKind kind) {
 
 game::Impact tryThrow(const game::Match& match, const Throw& t) {
     game::Match trial = match.sandbox();
-    trial.chooseProjectile(t.kind);
-    trial.setAngleText(QString::number(t.angle));
-    trial.setVelocityText(QString::number(t.velocity));
-    trial.throwProjectile();
+    using Kind = game::Command::Kind;
+    const auto send = [&](Kind kind, const QString& text = {}, int value = 0) {
+        trial.apply({trial.clock(), trial.currentPlayer(), kind, text, value});
+    };
+    send(Kind::Choose, {}, static_cast<int>(t.kind));
+    send(Kind::Angle, QString::number(t.angle));
+    send(Kind::Velocity, QString::number(t.velocity));
+    send(Kind::Throw);
     while (trial.phase() == game::Phase::Flying)
         trial.advance(std::max(1, trial.msUntilNextEvent()));
     return trial.lastImpact();

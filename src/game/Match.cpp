@@ -132,7 +132,12 @@ void Match::run(Due what) {
                 runSteps();
             }
             break;
-        case Due::Pilot: pilot_->act(*this); break;
+        case Due::Pilot:
+            for (Command c : pilot_->act(*this)) {
+                c.at = clock();
+                if (accepts(c)) take(c);
+            }
+            break;
     }
     changed_ = true;
 }
@@ -162,15 +167,24 @@ Match Match::sandbox() const {
     return copy;
 }
 
-bool Match::apply(const Command& c) {
+bool Match::accepts(const Command& c) const {
     using Kind = Command::Kind;
-    const bool known = c.seat >= 0 && c.seat < players() &&
-                       (c.kind != Kind::Choose || (c.value >= 0 && c.value < kKinds)) &&
-                       ((c.kind != Kind::KeyDown && c.kind != Kind::KeyUp) ||
-                        (c.value >= 0 && c.value < Keys::kCount)) &&
-                       c.text.size() <= kBoxLength;
-    if (!known || c.at < clock()) return false;
+    return c.seat >= 0 && c.seat < players() &&
+           (c.kind != Kind::Choose || (c.value >= 0 && c.value < kKinds)) &&
+           ((c.kind != Kind::KeyDown && c.kind != Kind::KeyUp) ||
+            (c.value >= 0 && c.value < Keys::kCount)) &&
+           c.text.size() <= kBoxLength;
+}
+
+bool Match::apply(const Command& c) {
+    if (!accepts(c) || c.at < clock()) return false;
     advance(c.at - clock());
+    take(c);
+    return true;
+}
+
+void Match::take(const Command& c) {
+    using Kind = Command::Kind;
     commands_.push_back(c);
     changed_ = true;
     // Only the thrower's own keyboard, mouse or computer aims and throws for him.
@@ -193,7 +207,6 @@ bool Match::apply(const Command& c) {
         case Kind::Resume: resume(); break;
         case Kind::Leave: left_ = true; break;
     }
-    return true;
 }
 
 // ---- Steps ---------------------------------------------------------------------------------

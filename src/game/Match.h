@@ -142,10 +142,12 @@ struct Impact {
 // The final board's figures: the side score, then a row a player.
 struct BoardRow {
     int frags, points, accuracy, player;
+    bool operator==(const BoardRow&) const = default;
 };
 struct Board {
     int left, right;
     std::vector<BoardRow> rows;
+    bool operator==(const Board&) const = default;
 };
 // Whose turn the window's title names, with his points when his turn began.
 struct Headline {
@@ -188,14 +190,6 @@ public:
     int clock() const { return now_ + pausedFor_; }
     // A command left the match.
     bool left() const { return left_; }
-
-    // ---- What the players do (to be sent as commands) -----------------------------------------
-    void setAngleText(const QString& text);
-    void setVelocityText(const QString& text);
-    // The selector of `kind`, when it shows.
-    void chooseProjectile(ProjectileKind kind);
-    void throwProjectile();
-    void resume();
 
     // ---- What there is to see ---------------------------------------------------------------
     const MatchSettings& settings() const { return settings_; }
@@ -259,6 +253,17 @@ public:
     Carry carry() const;
 
 private:
+    // ---- What the commands do --------------------------------------------------------------
+    bool accepts(const Command& command) const;
+    // Applies `command` now, at its time.
+    void take(const Command& command);
+    void setAngleText(const QString& text);
+    void setVelocityText(const QString& text);
+    // The selector of `kind`, when it shows.
+    void chooseProjectile(ProjectileKind kind);
+    void throwProjectile();
+    void resume();
+
     // A step under way, and the match time of its next moment.
     struct Running {
         Step step;

@@ -27,8 +27,9 @@ void setText(QLabel* l, const QString& text) {
 }
 }  // namespace
 
-MatchStrip::MatchStrip(QWidget* parent, game::Match& match, const computer::Autopilot& pilot)
-    : QWidget(parent), match_(match), pilot_(pilot) {
+MatchStrip::MatchStrip(QWidget* parent, const game::Match& match, const computer::Autopilot& pilot,
+                       std::function<void(game::Command)> send)
+    : QWidget(parent), match_(match), pilot_(pilot), send_(std::move(send)) {
     setGeometry(0, game::kFieldHeight, game::kFieldWidth, kStripHeight);
     setAutoFillBackground(true);
     createAiming();
@@ -56,16 +57,18 @@ void MatchStrip::createAiming() {
     throw_->setFont(ui::tahoma(ui::kSmallText));
     QWidget::setTabOrder(angle_, velocity_);
     QWidget::setTabOrder(velocity_, throw_);
+    // A box that takes the match's own text back says nothing new.
+    using Kind = game::Command::Kind;
     QObject::connect(angle_, &QLineEdit::textChanged, this, [this](const QString& t) {
-        match_.setAngleText(t);
+        if (t != match_.angleText()) send_({.kind = Kind::Angle, .text = t});
         sync();
     });
     QObject::connect(velocity_, &QLineEdit::textChanged, this, [this](const QString& t) {
-        match_.setVelocityText(t);
+        if (t != match_.velocityText()) send_({.kind = Kind::Velocity, .text = t});
         sync();
     });
     QObject::connect(throw_, &QPushButton::clicked, this, [this] {
-        if (!computersTurn()) match_.throwProjectile();
+        if (!computersTurn()) send_({.kind = Kind::Throw});
         sync();
     });
 }
@@ -81,7 +84,8 @@ void MatchStrip::createSelectors() {
         face.blit(game::selectorIcon(kind), 1, 1);
         auto* s = new ui::CanvasWidget(this, match_.selectorLeft(kind), kSelectorTop, face);
         ui::onClick(s, [this, kind] {
-            if (!computersTurn()) match_.chooseProjectile(kind);
+            if (!computersTurn())
+                send_({.kind = game::Command::Kind::Choose, .value = static_cast<int>(kind)});
             sync();
         });
         selectors_[static_cast<std::size_t>(k)] = s;

@@ -1,9 +1,13 @@
 #pragma once
 // The strip below the play field: angle, velocity and "Throw", the projectile selectors, the
-// frag limit, the round and the score. It shows what the match says and hands the players'
-// typing and clicks to it; on the computer's turn it also shows what the computer's hands do.
+// frag limit, the round and the score. It shows what the match says and sends the players'
+// typing and clicks to it as commands; on the computer's turn it also shows what the computer's
+// hands do.
 #include <QWidget>
 #include <array>
+#include <functional>
+
+#include "game/Command.h"
 
 class QFrame;
 class QLabel;
@@ -24,7 +28,9 @@ namespace screens {
 
 class MatchStrip : public QWidget {
 public:
-    MatchStrip(QWidget* parent, game::Match& match, const computer::Autopilot& pilot);
+    // What the players type and click goes to `send`, as commands for the current player.
+    MatchStrip(QWidget* parent, const game::Match& match, const computer::Autopilot& pilot,
+               std::function<void(game::Command)> send);
     // Brings every control in line with the match.
     void sync();
     void focusAngle();
@@ -44,8 +50,9 @@ private:
     bool computersTurn() const;
     void showComputersHands();
 
-    game::Match& match_;
+    const game::Match& match_;
     const computer::Autopilot& pilot_;
+    std::function<void(game::Command)> send_;
     QLineEdit* angle_ = nullptr;
     QLineEdit* velocity_ = nullptr;
     QPushButton* throw_ = nullptr;

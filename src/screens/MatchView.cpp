@@ -34,7 +34,7 @@ MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, ui::Key
       data_(std::move(data)) {
     match_.setPilot(&pilot_);
     field_ = new MatchField(this, match_);
-    strip_ = new MatchStrip(this, match_, pilot_);
+    strip_ = new MatchStrip(this, match_, pilot_, [this](game::Command c) { send(c); });
     timer_.setHandler([this] { step(); });
     // The keyboard trap hears the keys from the moment the match window, or its loading box over
     // it, has the keyboard: Escape pauses the start too.
@@ -62,8 +62,9 @@ void MatchView::resume() {
 
 void MatchView::send(game::Command command) {
     if (replay_) return;
-    // The command takes effect now: the match first catches up with the clock.
-    step();
+    // The command takes effect now: the match first catches up with the clock, without showing
+    // the moment before, which would put the box being typed in back as it was.
+    catchUp();
     command.at = match_.clock();
     // What the keyboard and the mouse do counts for the player whose turn it is.
     command.seat = match_.currentPlayer();
@@ -72,12 +73,16 @@ void MatchView::send(game::Command command) {
 }
 
 void MatchView::step() {
+    catchUp();
+    refresh();
+}
+
+void MatchView::catchUp() {
     const std::int32_t now = ui::clock().tickCount();
     const int elapsed = ui::ticksSince(lastTick_, now);
     if (!replay_) match_.advance(elapsed);
     else if (!held_) replay_->advance(match_, elapsed * speed_);
     lastTick_ = now;
-    refresh();
 }
 
 void MatchView::playBack(game::Replay replay) {

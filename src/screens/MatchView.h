@@ -51,6 +51,7 @@ public:
 
 private:
     void step();
+    void catchUp();
     void hearKeys();
     void playEvents();
     void refresh();

@@ -229,7 +229,7 @@ TEST(Autopilot, TypesItsThrowKeyByKeyOnItsOwnTurnAndStandsStillWhilePaused) {
     ASSERT_TRUE(m.paused());
     play.run(20000);
     EXPECT_EQ(shown(), seen.back()) << "paused mid-word";
-    play.match.resume();
+    play.send(game::Command::Kind::Resume);
     while (play.runUntil([&] { return m.phase() != Phase::Aiming || shown() != seen.back(); }) &&
            m.phase() == Phase::Aiming) {
         shortest = std::min(shortest, m.now() - last);

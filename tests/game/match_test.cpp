@@ -60,10 +60,10 @@ TEST(Match, StartsWithATestThrowAndBuildsTheRoundInStagesBehindTheLoadingBox) {
               (QStringList{"Rendering Player 1... 67 " + ms, "Rendering Player 2... 72 " + ms,
                            "Rendering Player 3... 77 " + ms, "Rendering Player 4... 82 " + ms}));
     EXPECT_TRUE(m.figuresShown() && !m.loading().shown);
-    play.match.setAngleText(QStringLiteral("4:"));
-    play.match.setVelocityText(QStringLiteral("60"));
+    play.send(game::Command::Kind::Angle, QStringLiteral("4:"));
+    play.send(game::Command::Kind::Velocity, QStringLiteral("60"));
     EXPECT_FALSE(m.canThrow()) << "pasted text that is no number counts as an empty box";
-    play.match.setAngleText(QStringLiteral("45"));
+    play.send(game::Command::Kind::Angle, QStringLiteral("45"));
     EXPECT_TRUE(m.canThrow());
 }
 
@@ -101,9 +101,9 @@ TEST(Match, AHitExplodesAndDancesAndAFirstThrowOfARoundThatHitsWinsASpecial) {
     ASSERT_EQ(m.stats(0).misses, 4);
     const int height = m.figure(1).height();
     play.flyTo({m.figure(1).pos.x() + m.figure(1).width() / 2 - 5, m.figure(1).pos.y() - 29});
-    play.match.setAngleText(QStringLiteral("90"));
-    play.match.setVelocityText(QStringLiteral("0"));
-    play.match.throwProjectile();
+    play.send(game::Command::Kind::Angle, QStringLiteral("90"));
+    play.send(game::Command::Kind::Velocity, QStringLiteral("0"));
+    play.send(game::Command::Kind::Throw);
     play.runUntil([&] { return m.phase() == Phase::Exploding; });
     // A ring every 4 ms (a wait of 3) up to half his height, then he is gone.
     EXPECT_EQ(Lasts(play, Phase::Exploding), height / 2 * 4);
@@ -177,10 +177,10 @@ TEST(Match, ANukedBuildingCrumblesFromTheGroundUpAndItsCharacterDissolvesAtAPace
     ASSERT_LT(drop + 10, b.right) << "a roof with room beside the enemy";
     ASSERT_GT(game::kGroundLine - roof, 280) << "one of the tallest buildings";
     play.flyTo({drop, roof - m.figure(0).height() - 60});
-    play.match.chooseProjectile(ProjectileKind::Nuke);
-    play.match.setAngleText(QStringLiteral("90"));
-    play.match.setVelocityText(QStringLiteral("0"));
-    play.match.throwProjectile();
+    play.send(game::Command::Kind::Choose, {}, static_cast<int>(ProjectileKind::Nuke));
+    play.send(game::Command::Kind::Angle, QStringLiteral("90"));
+    play.send(game::Command::Kind::Velocity, QStringLiteral("0"));
+    play.send(game::Command::Kind::Throw);
     ASSERT_TRUE(play.runUntil([&] { return m.phase() == Phase::Dissolving; }));
     const int rows = game::kGroundLine - roof + 1, start = m.now();
     play.runUntil([&] { return m.now() - start >= rows; });
@@ -311,9 +311,9 @@ TEST(Match, EscapeFreezesEverythingButTheMusicWhoseTunesChangeAtTheirLength) {
     EXPECT_EQ(play.events.front(), (game::MatchEvent{Kind::PlayTune, {}, tune}));
     play.started();
     const int played = m.now() + 200 + 20;
-    play.match.setAngleText(QStringLiteral("60"));
-    play.match.setVelocityText(QStringLiteral("60"));
-    play.match.throwProjectile();
+    play.send(game::Command::Kind::Angle, QStringLiteral("60"));
+    play.send(game::Command::Kind::Velocity, QStringLiteral("60"));
+    play.send(game::Command::Kind::Throw);
     play.run(200);
     play.tap(game::key::kEscape);
     ASSERT_TRUE(m.paused());
@@ -328,7 +328,7 @@ TEST(Match, EscapeFreezesEverythingButTheMusicWhoseTunesChangeAtTheirLength) {
                                                           {Kind::PlayTune, {}, m.tune()}}));
     EXPECT_EQ(m.projectile().pos, frozen);
     EXPECT_EQ(m.now(), now);
-    play.match.resume();
+    play.send(game::Command::Kind::Resume);
     play.run(100);
     EXPECT_NE(m.projectile().pos, frozen);
 }
@@ -357,10 +357,14 @@ TEST(Match, CodesStartWithABackslashAndEndAtTheirTwelfthCharacter) {
 // up at `velocity` has its top edge at 450, and whether it earned points there.
 std::pair<bool, bool> LowContactAt450(game::Match m, int velocity) {
     const int thrower = m.currentPlayer(), before = m.stats(thrower).points;
-    m.chooseProjectile(ProjectileKind::War);
-    m.setAngleText(QStringLiteral("90"));
-    m.setVelocityText(QString::number(velocity));
-    m.throwProjectile();
+    using Kind = game::Command::Kind;
+    const auto send = [&](Kind kind, const QString& text = {}, int value = 0) {
+        m.apply({m.clock(), thrower, kind, text, value});
+    };
+    send(Kind::Choose, {}, static_cast<int>(ProjectileKind::War));
+    send(Kind::Angle, QStringLiteral("90"));
+    send(Kind::Velocity, QString::number(velocity));
+    send(Kind::Throw);
     while (m.phase() == Phase::Flying) {
         m.advance(1);
         for (const game::MatchEvent& e : m.takeEvents())
