@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A match is its record, on the real binary under Xvfb: a match the computer plays against
-# itself to the game-over box leaves a record in the player's data folder; --replay plays it in
+# A match is its record, on the real binary under Xvfb: a person's match, typed and thrown, to
+# the game-over box leaves a record in the player's data folder; --replay plays it in
 # the match window to the same final board, pixel for pixel, --check prints the same figures
 # without a window, and every bad record of a table ends the program with status 2 and one line
 # naming the file, never a signal or a hang.
@@ -12,8 +12,10 @@ export XDG_DATA_HOME=$WORK/data
 FIELD="722 466 0 0"  # the play field of the match window: W H X Y
 
 # --- the match, played ---
-start_game --seed 7 --computer 1,2
-into_match 50 168 50 168  # frag limit 1
+# Seed 7, a day sky, frag limit 1 and no wind: Ann's throw at 40 degrees and 60 hits Bob.
+start_game --seed 7
+into_match 81 110 50 168 50 168 177 104 177 104 177 104 177 104 177 104
+throw 40 60
 wait_window "Game Over" 300
 box=$WIN
 shot "$MATCH" "$WORK/live.ppm"
@@ -37,7 +39,7 @@ wait "$GAME_PID" 2>/dev/null
 GAME_PID=
 board=$("$GAME" --replay "$record" --check 2>&1) || fail "--check failed: $board"
 [ "$(printf '%s\n' "$board" | wc -l)" -eq 2 ] || fail "--check does not print two rows: $board"
-printf '%s\n' "$board" | grep -q "^Computer 1	" || fail "no row for Computer 1: $board"
+printf '%s\n' "$board" | head -n1 | grep -q "^Ann	1	" || fail "Ann's frag is not on top: $board"
 echo "the same final board, and --check prints it:"
 printf '%s\n' "$board" | sed 's/^/    /'
 
