@@ -9,9 +9,9 @@ namespace game::calibration {
 
 namespace {
 constexpr double kTestVelocity = 31;
+}  // namespace
 
 int testTime(int ticks, int tickMs) { return core::roundHalfEven(double(ticks) * tickMs); }
-}  // namespace
 
 int testLeft(int ticks) { return static_cast<int>(std::floor(kTestVelocity * (ticks / 10.0))); }
 
@@ -28,12 +28,6 @@ int flightTickMs(int ticks, int tickMs) {
     else if (took < kTargetMs) tick += static_cast<double>(kTargetMs - took) / kAdjustDivisor;
     // A tick below 1 ms would leave the flight standing still.
     return std::max(1, core::roundHalfEven(tick));
-}
-
-QString report(int ticks, int tickMs) {
-    return QStringLiteral("Test completed in %1 ms, adjusted timers to %2")
-        .arg(testTime(ticks, tickMs))
-        .arg(flightTickMs(ticks, tickMs));
 }
 
 }  // namespace game::calibration

@@ -1,8 +1,6 @@
 #pragma once
 // Before the first round a match throws a test projectile across a small test area, one tick
 // every 24 ms, and sets its own flight tick from the number of ticks the test took.
-#include <QString>
-
 namespace game {
 
 namespace calibration {
@@ -21,8 +19,8 @@ int testLeft(int ticks);
 int testTicks(int areaWidth = kTestAreaWidth);
 // The flight tick, in whole milliseconds, after a test of `ticks` ticks of `tickMs`.
 int flightTickMs(int ticks, int tickMs = kTestTickMs);
-// "Test completed in 720 ms, adjusted timers to 32".
-QString report(int ticks, int tickMs = kTestTickMs);
+// How long a test of `ticks` ticks of `tickMs` took, in whole milliseconds.
+int testTime(int ticks, int tickMs = kTestTickMs);
 
 }  // namespace calibration
 

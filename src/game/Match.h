@@ -114,10 +114,17 @@ struct MatchEvent {
     bool operator==(const MatchEvent&) const = default;
 };
 
+// The loading box over the match window, stage by stage.
 struct Loading {
+    enum class Stage { Loading, Synchronizing, Synchronized, Sky, Buildings, Player, Wind };
     bool shown = false;
-    QString status;
+    Stage stage = Stage::Loading;
+    // Synchronized: how long the test took and the flight tick it gave, in milliseconds.
+    int testMs = 0, tickMs = 0;
+    // Player: whose character is being drawn, 0 to 3.
+    int player = 0;
     double progress = 0;
+    bool operator==(const Loading&) const = default;
 };
 
 struct Projectile {

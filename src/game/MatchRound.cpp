@@ -12,7 +12,7 @@ constexpr int kHandAbove = 11;
 }  // namespace
 
 Match::Next Match::start(steps::Calibrate&) {
-    loading_ = {true, QStringLiteral("Synchronizing Timers..."), 0};
+    loading_ = {.shown = true, .stage = Loading::Stage::Synchronizing};
     play(QStringLiteral("sounds/gn.wav"));
     return now_ + calibration::kTestTickMs;
 }
@@ -22,13 +22,15 @@ Match::Next Match::tick(steps::Calibrate& s) {
     const int left = calibration::testLeft(s.ticks);
     loading_.progress = left / 100.0 * 100;
     if (left <= calibration::kTestAreaWidth - 10) return now_ + calibration::kTestTickMs;
-    loading_.status = calibration::report(s.ticks);
     flightTickMs_ = calibration::flightTickMs(s.ticks);
+    loading_.stage = Loading::Stage::Synchronized;
+    loading_.testMs = calibration::testTime(s.ticks);
+    loading_.tickMs = flightTickMs_;
     return std::nullopt;
 }
 
 Match::Next Match::start(steps::BuildRound&) {
-    loading_ = {true, QStringLiteral("Loading"), 0};
+    loading_ = {.shown = true};
     figuresShown_ = boxesShown_ = false;
     drawSky();
     scene_ = sky_;
@@ -51,19 +53,22 @@ int Match::roundStages() const {
 void Match::showRoundStage(int stage) {
     const int n = players();
     const int player = stage - 2;
+    using Stage = Loading::Stage;
     if (stage == 0) {
-        loading_.status = QStringLiteral("Rendering Sky...");
+        loading_.stage = Stage::Sky;
         loading_.progress = 7;
     } else if (stage == 1) {
-        loading_.status = QStringLiteral("Rendering Buildings...");
+        loading_.stage = Stage::Buildings;
         loading_.progress = 67;
     } else if (player < n) {
-        loading_.status = QStringLiteral("Rendering Player %1...").arg(player + 1);
+        loading_.stage = Stage::Player;
+        loading_.player = player;
         loading_.progress = static_cast<double>(player) / n * 20 + 67;
     } else if (player == n) {
-        loading_.status = QStringLiteral("Creating Wind...");
+        loading_.stage = Stage::Wind;
         loading_.progress = 95;
     } else {
+        // The wind's text stays up under the full bar.
         loading_.progress = 100;
     }
 }

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QProgressBar>
 
+#include "screens/MatchTexts.h"
 #include "ui/Labels.h"
 #include "ui/RaisedFrame.h"
 
@@ -21,7 +22,8 @@ LoadingBox::LoadingBox(QWidget* owner)
 }
 
 void LoadingBox::showState(const game::Loading& state) {
-    if (status_->text() != state.status) status_->setText(state.status);
+    const QString text = loadingText(state);
+    if (status_->text() != text) status_->setText(text);
     bar_->setValue(static_cast<int>(state.progress));
     if (isHidden()) {
         showCentred();

@@ -23,4 +23,21 @@ QString windText(const game::Wind& wind) {
 
 QString accuracyText(int percent) { return QString::number(percent) + QStringLiteral(" %"); }
 
+QString loadingText(const game::Loading& loading) {
+    using Stage = game::Loading::Stage;
+    switch (loading.stage) {
+        case Stage::Loading: break;
+        case Stage::Synchronizing: return QStringLiteral("Synchronizing Timers...");
+        case Stage::Synchronized:
+            return QStringLiteral("Test completed in %1 ms, adjusted timers to %2")
+                .arg(loading.testMs)
+                .arg(loading.tickMs);
+        case Stage::Sky: return QStringLiteral("Rendering Sky...");
+        case Stage::Buildings: return QStringLiteral("Rendering Buildings...");
+        case Stage::Player: return QStringLiteral("Rendering Player %1...").arg(loading.player + 1);
+        case Stage::Wind: return QStringLiteral("Creating Wind...");
+    }
+    return QStringLiteral("Loading");
+}
+
 }  // namespace screens

@@ -14,5 +14,8 @@ QString panelLine(const game::Match& match, int player);
 QString windText(const game::Wind& wind);
 // "66 %".
 QString accuracyText(int percent);
+// The loading box's line: "Rendering Player 2...", "Test completed in 720 ms, adjusted timers
+// to 32".
+QString loadingText(const game::Loading& loading);
 
 }  // namespace screens

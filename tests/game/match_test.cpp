@@ -5,6 +5,7 @@
 
 #include "GameSupport.h"
 #include "game/Music.h"
+#include "screens/MatchTexts.h"
 
 using namespace testing_support;
 using game::Phase;
@@ -23,10 +24,11 @@ int Lasts(Play& play, Phase phase) {
 TEST(Match, StartsWithATestThrowAndBuildsTheRoundInStagesBehindTheLoadingBox) {
     Play play(ShippedSetup(2, 7));
     const game::Match& m = play.match;
-    EXPECT_EQ(m.loading().status, "Synchronizing Timers...");
-    play.runUntil([&] { return m.loading().status.startsWith(QLatin1String("Test")); });
+    EXPECT_EQ(screens::loadingText(m.loading()), "Synchronizing Timers...");
+    play.runUntil(
+        [&] { return screens::loadingText(m.loading()).startsWith(QLatin1String("Test")); });
     EXPECT_EQ(m.now(), 720) << "30 test ticks of 24 ms";
-    EXPECT_EQ(m.loading().status, "Test completed in 720 ms, adjusted timers to 32");
+    EXPECT_EQ(screens::loadingText(m.loading()), "Test completed in 720 ms, adjusted timers to 32");
     EXPECT_EQ(m.flightTickMs(), 32);
     EXPECT_EQ(Lasts(play, Phase::Starting), 1001) << "the result stays up a second";
     // Every text of the loading box stands long enough to be read, each player's in turn.
@@ -35,7 +37,7 @@ TEST(Match, StartsWithATestThrowAndBuildsTheRoundInStagesBehindTheLoadingBox) {
         int since = p.match.now();
         while (p.match.phase() == Phase::BuildingRound) {
             EXPECT_FALSE(p.match.figuresShown());
-            const QString stage = p.match.loading().status + QLatin1Char(' ') +
+            const QString stage = screens::loadingText(p.match.loading()) + QLatin1Char(' ') +
                                   QString::number(p.match.loading().progress);
             if (seen.isEmpty() || !seen.back().startsWith(stage + QLatin1Char(' '))) {
                 if (!seen.isEmpty()) seen.back() += QString::number(p.match.now() - since);

@@ -216,7 +216,7 @@ TEST_F(GoldenScreens, LookAsRecorded) {
 
     QWidget owner;
     screens::LoadingBox loading(&owner);
-    loading.showState({true, QStringLiteral("Rendering Buildings..."), 40});
+    loading.showState({.shown = true, .stage = game::Loading::Stage::Buildings, .progress = 40});
     Expect(&loading, "loading");
     Expect(new screens::MatchBox(&owner, screens::MatchBox::Kind::Paused), "pause-box");
     Expect(new screens::MatchBox(&owner, screens::MatchBox::Kind::GameOver), "gameover-box");
