@@ -33,7 +33,10 @@ Match::Next Match::start(steps::BuildRound&) {
     loading_ = {.shown = true};
     figuresShown_ = boxesShown_ = false;
     drawSky();
-    scene_ = sky_;
+    // The last round's city is painted over where it stands: a new picture every round costs
+    // more than the copy.
+    if (scene_.width() == sky_.width() && scene_.height() == sky_.height()) scene_.blit(sky_, 0, 0);
+    else scene_ = sky_;
     for (int i = 0; i < players(); ++i) figureOf(i).park();
     const City city = drawCity(scene_, random_, players(), settings_.buildingHeight, day_);
     placeAndBlendCharacters(city);
