@@ -17,7 +17,10 @@ void dismiss(QPointer<Screen>& screen) {
 }  // namespace
 
 ScreenFlow::ScreenFlow(Services services, const std::array<screens::Seat, 4>& seats)
-    : services_(std::move(services)), pictures_(services_.data), seats_(seats) {}
+    : services_(std::move(services)),
+      pictures_(services_.data),
+      presetSeats_(seats),
+      seats_(seats) {}
 
 ScreenFlow::~ScreenFlow() {
     for (QWidget* w :
@@ -84,7 +87,7 @@ void ScreenFlow::showPlayers() {
         };
         players_->onClose = [this] { closePlayers(); };
     }
-    players_->begin(settings_.players(), seats_);
+    players_->begin(settings_.players(), presetSeats_);
     players_->showCentred();
 }
 

@@ -74,6 +74,8 @@ private:
     screens::Pictures pictures_;
     game::MatchSettings settings_;
     std::array<QString, 4> names_, characters_;
+    // Who plays each seat: as the command line said when a page opens, as chosen on it after.
+    const std::array<screens::Seat, 4> presetSeats_;
     std::array<screens::Seat, 4> seats_;
     game::Carry carry_;
     int danceFrame_ = 0;

@@ -52,6 +52,19 @@ TEST_F(Seats, EachPassOffersItsSeatAndTheComputerNeedsNoName) {
     EXPECT_EQ(m.name(1), "Computer 2");
     EXPECT_FALSE(m.computer(0));
     EXPECT_EQ(m.computer(1), game::Skill::Hard);
+    // The next pass starts each page afresh, its boxes as the command line said.
+    ASSERT_TRUE(RoundStands());
+    Tap(game::key::kEscape);
+    ASSERT_TRUE(flow->box());
+    Click(flow->box(), "Start Over");
+    flow->setup()->next();
+    screens::PlayerScreen& again = *flow->players();
+    EXPECT_FALSE(again.computerBox->isChecked());
+    EXPECT_TRUE(again.nameBox->text().isEmpty());
+    QTest::keyClicks(again.nameBox, QStringLiteral("Cy"));
+    again.next();
+    EXPECT_TRUE(again.computerBox->isChecked());
+    EXPECT_EQ(again.skillBox->currentText(), "Normal") << "not the Hard chosen last time";
 }
 
 TEST_F(Seats, AComputerSeatWearsACharacterNobodyElseWearsWhileThereAreEnough) {
