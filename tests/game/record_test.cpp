@@ -4,6 +4,7 @@
 #include "game/Record.h"
 
 #include "GameSupport.h"
+#include "computer/Autopilot.h"
 #include "game/Replay.h"
 
 using game::Command;
@@ -118,6 +119,28 @@ TEST(Record, APersonsMatchPlaysAgainFromItsRecordToTheSameBoardAndPixels) {
     }
     EXPECT_EQ(again.tune(), m.tune());
     EXPECT_TRUE(again.gameOverShown());
+}
+
+TEST(Record, AComputersMatchPausedMidWordPlaysAgainWithoutTheComputer) {
+    game::MatchSetup setup = ShippedSetup(2, 5);
+    setup.settings.fragLimit = 1;
+    for (game::PlayerSetup& p : setup.players) p.computer = game::Skill::Hard;
+    testing_support::Play play(setup);
+    computer::Autopilot pilot(11);
+    play.match.setPilot(&pilot);
+    const game::Match& m = play.match;
+    play.started();
+    play.runUntil([&] { return !m.angleText().isEmpty(); });
+    play.tap(game::key::kEscape);
+    ASSERT_TRUE(m.paused());
+    play.run(2500);
+    play.send(Command::Kind::Resume);
+    ASSERT_TRUE(play.runUntil([&] { return m.gameOverShown(); }, 600000));
+    const game::Record record = game::recordOf(m);
+    game::Match again(WithShippedArt(game::setupOf(record)));
+    ASSERT_TRUE(game::playToTheEnd(again, record)) << "its moves are in the record";
+    EXPECT_TRUE(again.board() == m.board());
+    EXPECT_TRUE(again.scene() == m.scene());
 }
 
 struct Bad {
