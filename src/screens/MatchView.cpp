@@ -103,6 +103,8 @@ bool MatchView::eventFilter(QObject* watched, QEvent* event) {
         static_cast<QWidget*>(watched)->window() != this)
         return false;
     if (event->type() != QEvent::KeyPress) return true;
+    // The time until the key is played at the pace it had.
+    catchUp();
     switch (static_cast<QKeyEvent*>(event)->key()) {
         case Qt::Key_Space: held_ = !held_; break;
         case Qt::Key_Plus:
@@ -113,7 +115,7 @@ bool MatchView::eventFilter(QObject* watched, QEvent* event) {
             return true;
         default: return true;
     }
-    step();
+    refresh();
     return true;
 }
 

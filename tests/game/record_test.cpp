@@ -130,17 +130,26 @@ TEST(Record, AComputersMatchPausedMidWordPlaysAgainWithoutTheComputer) {
     play.match.setPilot(&pilot);
     const game::Match& m = play.match;
     play.started();
+    // Only the thrower's own hands aim for him; the past and seats nobody has send nothing.
+    const int now = m.clock();
+    EXPECT_TRUE(play.match.apply({now, 1, Command::Kind::Angle, QStringLiteral("7")}));
+    EXPECT_TRUE(m.angleText().isEmpty());
+    EXPECT_FALSE(play.match.apply({now - 1, 0, Command::Kind::Angle, QStringLiteral("7")}));
+    EXPECT_FALSE(play.match.apply({now, 2, Command::Kind::Angle, QStringLiteral("7")}));
+    EXPECT_EQ(std::pair(m.clock(), m.commands().size()), std::pair(now, std::size_t{1}));
     play.runUntil([&] { return !m.angleText().isEmpty(); });
     play.tap(game::key::kEscape);
     ASSERT_TRUE(m.paused());
     play.run(2500);
     play.send(Command::Kind::Resume);
     ASSERT_TRUE(play.runUntil([&] { return m.gameOverShown(); }, 600000));
+    play.send(Command::Kind::Leave);
     const game::Record record = game::recordOf(m);
     game::Match again(WithShippedArt(game::setupOf(record)));
     ASSERT_TRUE(game::playToTheEnd(again, record)) << "its moves are in the record";
     EXPECT_TRUE(again.board() == m.board());
     EXPECT_TRUE(again.scene() == m.scene());
+    EXPECT_EQ(again.commands(), m.commands()) << "the last, at the very end, too";
 }
 
 struct Bad {

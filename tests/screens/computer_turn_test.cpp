@@ -110,6 +110,12 @@ TEST_F(ComputerTurn, TheStripFollowsItsTypingItsChoiceAndItsPressOfThrow) {
         }
     }
     EXPECT_FALSE(s.throwButton()->isDown()) << "released with the throw";
+    // The boxes showing its typing send nothing of their own: a command a key.
+    int keys = 0;
+    for (const game::Command& c : match().commands())
+        if (c.seat == 0 && c.at >= match().aimingSince()) ++keys;
+    EXPECT_EQ(keys, seen.back().angle.size() + seen.back().velocity.size() + 2)
+        << "the digits, its choice and Throw";
 }
 
 TEST_F(ComputerTurn, AClickOnThrowWhileTheComputerHoldsItThrowsNothingForIt) {
