@@ -77,6 +77,22 @@ TEST(CommandLine, ComputerSeatsArePlayersOneToFourEachOnce) {
     }
 }
 
+TEST(CommandLine, HostingAndJoiningTakeTheirSeatsPortAndCode) {
+    const Parsed host = Parse("--remote 2,4 --computer 3 --port 5000 --code red");
+    EXPECT_FALSE(host.status) << host.err;
+    EXPECT_EQ(host.options.remotes, (std::array<bool, 4>{false, true, false, true}));
+    EXPECT_EQ(host.options.port, 5000);
+    EXPECT_EQ(host.options.code, "red");
+    const Parsed join = Parse("--join 10.0.0.2:5000 --code apple --computer 2");
+    EXPECT_FALSE(join.status) << join.err;
+    EXPECT_EQ(std::pair(join.options.join, join.options.code),
+              std::pair(std::optional<QString>("10.0.0.2:5000"), std::optional<QString>("apple")));
+    for (const char* bad : {"--remote 2 --computer 2", "--remote 5", "--port 0", "--port 65536",
+                            "--join host", "--join host --code x --remote 2",
+                            "--join host --code x --replay f.txt"})
+        EXPECT_EQ(Parse(bad).status, 2) << bad;
+}
+
 TEST(CommandLine, HelpAndTheManPageNameEveryOptionAndAReplayTakesItsFile) {
     QFile manual(QStringLiteral(GRUMBO_SOURCE_DIR "/dist/grumbo2.6"));
     ASSERT_TRUE(manual.open(QIODevice::ReadOnly));

@@ -1,6 +1,7 @@
 #include "app/CommandLine.h"
 
 #include <QCommandLineParser>
+#include <algorithm>
 #include <charconv>
 #include <string_view>
 
@@ -9,9 +10,12 @@ namespace app {
 namespace {
 
 constexpr int kMaxScale = 4;
+constexpr int kLongestCode = 60;
 
 void usage(std::ostream& s) {
     s << "Usage: grumbo2 [--scale N] [--seed N] [--computer LIST] [--no-record]\n"
+         "               [--remote LIST] [--port N] [--code CODE]\n"
+         "       grumbo2 --join HOST[:PORT] --code CODE [--computer LIST] [--port N]\n"
          "       grumbo2 --replay FILE [--check]\n"
          "       grumbo2 --help | --version\n"
          "\n"
@@ -75,6 +79,16 @@ const std::vector<OptionHelp>& knownOptions() {
          "separated by commas: \"--computer 2\" to play alone against it,\n"
          "\"--computer 1,2\" to watch it play itself; the player selection\n"
          "can still change every seat"},
+        {"remote", "LIST",
+         "leave the players in LIST to players at other computers, who join\n"
+         "with the address, port and code the game then shows"},
+        {"port", "N",
+         "the network port a match is held open on, or joined at when the\n"
+         "address names none (default 47474)"},
+        {"code", "CODE",
+         "the join code: a host gives it out (a few words are chosen when it\n"
+         "is left out), a joiner must give it"},
+        {"join", "HOST[:PORT]", "join the match held open at HOST, with --code"},
         {"no-record", nullptr, "keep no record of the matches played"},
         {"replay", "FILE", "play the match recorded in FILE again"},
         {"check", nullptr,
@@ -127,7 +141,35 @@ std::optional<int> parseCommandLine(int argc, char** argv, Options& options, std
         return refuse(err,
                       "--computer takes player numbers from 1 to 4, each once, separated by "
                       "commas (for example 2, or 1,2)");
+    if (parser.isSet(QStringLiteral("remote")) && !readPlayers(value("remote"), options.remotes))
+        return refuse(err,
+                      "--remote takes player numbers from 1 to 4, each once, separated by "
+                      "commas (for example 2, or 2,4)");
+    for (std::size_t i = 0; i < options.remotes.size(); ++i)
+        if (options.remotes[i] && options.computers[i])
+            return refuse(err, "a player cannot be both --computer and --remote");
+    if (parser.isSet(QStringLiteral("port"))) {
+        int port = 0;
+        if (!readNumber(value("port"), port) || port < 1 || port > 65535)
+            return refuse(err, "--port takes a whole number from 1 to 65535");
+        options.port = static_cast<quint16>(port);
+    }
+    if (parser.isSet(QStringLiteral("code"))) {
+        // A code is a few words a player reads out: printable, on one short line.
+        const QString code = value("code").simplified();
+        if (code.isEmpty() || code.size() > kLongestCode ||
+            std::any_of(code.begin(), code.end(), [](QChar c) { return !c.isPrint(); }))
+            return refuse(err, "--code takes a few words, at most 60 characters");
+        options.code = code;
+    }
+    if (parser.isSet(QStringLiteral("join"))) {
+        options.join = value("join");
+        if (!options.code) return refuse(err, "--join goes with --code CODE");
+        if (std::any_of(options.remotes.begin(), options.remotes.end(), [](bool r) { return r; }))
+            return refuse(err, "--join and --remote do not go together");
+    }
     if (parser.isSet(QStringLiteral("replay"))) options.replay = value("replay");
+    if (options.replay && options.join) return refuse(err, "--join and --replay do not go together");
     options.check = parser.isSet(QStringLiteral("check"));
     if (options.check && !options.replay) return refuse(err, "--check goes with --replay FILE");
     options.record = !parser.isSet(QStringLiteral("no-record"));

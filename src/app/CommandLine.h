@@ -1,6 +1,6 @@
 #pragma once
 // The program's command line: --help, --version, --scale N, --seed N, --computer LIST,
-// --replay FILE, --check, --no-record.
+// --remote LIST, --port N, --code CODE, --join HOST[:PORT], --replay FILE, --check, --no-record.
 #include <QString>
 #include <array>
 #include <cstdint>
@@ -17,6 +17,14 @@ struct Options {
     std::optional<std::uint64_t> seed;
     // The players (0 to 3) whose seat the computer takes at first.
     std::array<bool, 4> computers{};
+    // The players (0 to 3) whose seat is left to players at other computers at first.
+    std::array<bool, 4> remotes{};
+    // The port a host listens on, or the one a joiner connects to when his address names none.
+    std::optional<quint16> port;
+    // The join code a host gives out, or the one a joiner was given.
+    std::optional<QString> code;
+    // The host to join, "HOST" or "HOST:PORT", instead of starting on the title screen.
+    std::optional<QString> join;
     // A record to play again instead of starting on the title screen.
     std::optional<QString> replay;
     // Play the record without a window and print its final board.

@@ -20,11 +20,13 @@ ScreenFlow::ScreenFlow(Services services, const std::array<screens::Seat, 4>& se
     : services_(std::move(services)),
       pictures_(services_.data),
       presetSeats_(seats),
-      seats_(seats) {}
+      seats_(seats),
+      remote_(services_.remote) {}
 
 ScreenFlow::~ScreenFlow() {
     for (QWidget* w :
-         std::initializer_list<QWidget*>{box_, match_, credits_, players_, setup_, title_})
+         std::initializer_list<QWidget*>{box_, match_, credits_, players_, setup_, title_,
+                                        waiting_, joinDialog_})
         delete w;
 }
 
@@ -41,6 +43,7 @@ void ScreenFlow::showTitle() {
     };
     // "Exit", or the close box of the only screen there is.
     title_->onExit = title_->onClose = [this] { quit(); };
+    title_->onJoin = [this] { showJoinDialog(); };
     title_->showCentred();
 }
 
@@ -76,18 +79,32 @@ void ScreenFlow::showPlayers() {
             names_[k] = c.name;
             characters_[k] = c.character;
             seats_[k] = c.seat;
+            remote_[k] = c.remote;
+            // A joiner's choice goes to the host, who shows it on every machine.
+            if (guest_) {
+                joinComputer_ = c.seat;
+                guest_->chooseSeat(c.name, c.character);
+            }
         };
         players_->onDone = [this] {
             dismiss(players_);
-            startMatch();
+            if (guest_) showLobby();
+            else if (anyRemote()) openLobby();
+            else startMatch();
         };
         players_->onBack = [this] {
+            if (guest_) {
+                leaveNetwork(QStringLiteral("the player went back"));
+                dismiss(players_);
+                showTitle();
+                return;
+            }
             showSetup();
             players_->hide();
         };
         players_->onClose = [this] { closePlayers(); };
     }
-    players_->begin(settings_.players(), presetSeats_);
+    players_->begin(settings_.players(), presetSeats_, services_.remote);
     players_->showCentred();
 }
 
@@ -101,17 +118,24 @@ void ScreenFlow::closePlayers() {
     else quit();
 }
 
-void ScreenFlow::startMatch() {
+game::MatchSetup ScreenFlow::chosenSetup() {
     game::MatchSetup setup;
     setup.settings = settings_;
     for (int i = 0; i < settings_.players(); ++i) {
         const auto k = static_cast<std::size_t>(i);
-        setup.players[k] = {names_[k], characters_[k], pictures_.character(characters_[k]),
-                            seats_[k]};
+        setup.players[k] = {names_[k], characters_[k], {}, seats_[k]};
     }
-    setup.marker = pictures_.marker();
     setup.seed = services_.seed();
     setup.carry = carry_;
+    return setup;
+}
+
+void ScreenFlow::startMatch() { openMatch(chosenSetup()); }
+
+void ScreenFlow::openMatch(game::MatchSetup setup) {
+    for (game::PlayerSetup& p : setup.players)
+        if (!p.character.isEmpty()) p.art = pictures_.character(p.character);
+    setup.marker = pictures_.marker();
     match_ = new screens::MatchView(setup, services_.sound, services_.keys, services_.data);
     match_->onPaused = [this] { showBox(screens::MatchBox::Kind::Paused); };
     match_->onGameOver = [this] { showBox(screens::MatchBox::Kind::GameOver); };
@@ -160,6 +184,7 @@ void ScreenFlow::leaveMatch() {
         match_->send({.kind = game::Command::Kind::Leave});
         services_.keepRecord(game::recordOf(match_->match()));
     }
+    leaveNetwork(leaving());
     carry_ = match_->match().carry();
     dismiss(box_);
     dismiss(match_);

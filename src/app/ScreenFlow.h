@@ -6,19 +6,25 @@
 #include <QPointer>
 #include <array>
 #include <functional>
+#include <memory>
+#include <optional>
 
 #include "core/DataFolder.h"
 #include "game/Match.h"
 #include "game/Record.h"
 #include "game/Replay.h"
 #include "media/Sound.h"
+#include "net/Guest.h"
+#include "net/Host.h"
 #include "screens/CreditsScreen.h"
+#include "screens/JoinDialog.h"
 #include "screens/MatchBox.h"
 #include "screens/MatchView.h"
 #include "screens/Pictures.h"
 #include "screens/PlayerScreen.h"
 #include "screens/SetupScreen.h"
 #include "screens/TitleScreen.h"
+#include "screens/WaitingBox.h"
 #include "ui/Keyboard.h"
 
 namespace app {
@@ -33,6 +39,13 @@ struct Services {
     std::function<void()> quit;
     // Keeps the record of a match that was left or finished; none keeps no records.
     std::function<void(const game::Record&)> keepRecord = {};
+    // Matches with other computers: the seats left to them at first, the port, the join code
+    // to give out (none: one is drawn), and this machine's game version and data.
+    std::array<bool, 4> remote = {};
+    quint16 port = net::kDefaultPort;
+    std::optional<QString> code = {};
+    QString version = {};
+    std::vector<net::FileDigest> dataDigest = {};
 };
 
 class ScreenFlow {
@@ -45,6 +58,9 @@ public:
 
     // The program starts on the title screen.
     void start();
+    // Or joins the match held open at `address` with `code`: the joiner's player page, and the
+    // match once the host starts it. The computer plays the joiner's seat at `computer`'s skill.
+    void join(const QString& address, const QString& code, screens::Seat computer = {});
     // Or with a match played again from its record, which goes on as a match would once it
     // ends: the game-over box, and the title, the credits or the program's end.
     void startReplay(const game::MatchSetup& setup, game::Replay replay);
@@ -56,6 +72,10 @@ public:
     screens::MatchView* match() const { return match_; }
     screens::MatchBox* box() const { return box_; }
     screens::CreditsScreen* credits() const { return credits_; }
+    screens::WaitingBox* waiting() const { return waiting_; }
+    screens::JoinDialog* joinDialog() const { return joinDialog_; }
+    net::Host* host() const { return host_.get(); }
+    net::Guest* guest() const { return guest_.get(); }
     const game::MatchSettings& settings() const { return settings_; }
 
 private:
@@ -63,7 +83,23 @@ private:
     void showSetup();
     void showPlayers();
     void closePlayers();
+    game::MatchSetup chosenSetup();
     void startMatch();
+    void openMatch(game::MatchSetup setup);
+    // Why this machine leaves a match with others, as they are told.
+    QString leaving() const;
+    // Matches with other computers (ScreenFlowNet.cpp).
+    bool anyRemote() const;
+    void openLobby();
+    void showLobby();
+    void lobbyChanged();
+    void closeLobby();
+    void showJoinDialog();
+    void welcomed(int seat, const net::Lobby& lobby);
+    void startNetworkMatch(const net::Lobby& lobby);
+    void networkEnded(const QString& why);
+    void joinerLeft(int seat, const QString& name, const QString& why);
+    void leaveNetwork(const QString& why);
     void showBox(screens::MatchBox::Kind kind);
     void choose(screens::MatchBox::Choice choice);
     void leaveMatch();
@@ -77,7 +113,13 @@ private:
     // Who plays each seat: as the command line said when a page opens, as chosen on it after.
     const std::array<screens::Seat, 4> presetSeats_;
     std::array<screens::Seat, 4> seats_;
+    std::array<bool, 4> remote_{};
     game::Carry carry_;
+    std::unique_ptr<net::Host> host_;
+    std::unique_ptr<net::Guest> guest_;
+    // The joiner's own seat and who plays it at his machine.
+    int joinSeat_ = -1;
+    screens::Seat joinComputer_;
     int danceFrame_ = 0;
 
     QPointer<screens::TitleScreen> title_;
@@ -86,6 +128,8 @@ private:
     QPointer<screens::MatchView> match_;
     QPointer<screens::MatchBox> box_;
     QPointer<screens::CreditsScreen> credits_;
+    QPointer<screens::WaitingBox> waiting_;
+    QPointer<screens::JoinDialog> joinDialog_;
 };
 
 }  // namespace app

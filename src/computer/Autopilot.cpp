@@ -66,9 +66,15 @@ Offset correct(const Offset& last, const Style& style, core::Random& random) {
     return off;
 }
 
-bool Autopilot::onTurn(const game::Match& m) {
+bool Autopilot::onTurn(const game::Match& m) const {
     return m.phase() == game::Phase::Aiming && m.inputOpen() && !m.paused() &&
-           m.computer(m.currentPlayer()).has_value();
+           skillAt(m, m.currentPlayer()).has_value();
+}
+
+std::optional<game::Skill> Autopilot::skillAt(const game::Match& m, int seat) const {
+    const auto k = static_cast<std::size_t>(seat);
+    if (taken_[k]) return taken_[k];
+    return plays_[k] ? m.computer(seat) : std::nullopt;
 }
 
 std::optional<int> Autopilot::nextActionAt(const game::Match& m) const {
@@ -120,7 +126,7 @@ void Autopilot::decide(const game::Match& m) {
 // opened a way), and takes off part of what that one missed by.
 Throw Autopilot::aimFor(const game::Match& m, const Plan& plan) {
     const int me = m.currentPlayer();
-    const Style style = styleOf(*m.computer(me));
+    const Style style = styleOf(*skillAt(m, me));
     const Sight sight{m.round(), plan.target, m.figure(me).pos,
                       plan.target < 0 ? QPoint() : m.figure(plan.target).pos};
     std::optional<LastThrow>& last = last_[static_cast<std::size_t>(me)];

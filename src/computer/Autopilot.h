@@ -55,6 +55,11 @@ public:
     };
 
     explicit Autopilot(std::uint64_t seed) : random_(seed) {}
+    // The computer seats it plays: all of them unless told otherwise, as when another machine
+    // plays some of a match's seats.
+    void playOnly(const std::array<bool, 4>& seats) { plays_ = seats; }
+    // It takes over `seat` at `skill`, as when the person playing it went away.
+    void takeOver(int seat, game::Skill skill) { taken_[static_cast<std::size_t>(seat)] = skill; }
     std::optional<int> nextActionAt(const game::Match& match) const override;
     std::vector<game::Command> act(const game::Match& match) override;
     Hands hands(const game::Match& match) const;
@@ -85,7 +90,8 @@ private:
         Offset off;
     };
 
-    static bool onTurn(const game::Match& m);
+    bool onTurn(const game::Match& m) const;
+    std::optional<game::Skill> skillAt(const game::Match& m, int seat) const;
     void decide(const game::Match& m);
     Throw aimFor(const game::Match& m, const Plan& plan);
     void write(const game::Match& m, const Throw& t);
@@ -95,6 +101,8 @@ private:
     std::deque<Action> script_;
     Hands hands_;
     std::array<std::optional<LastThrow>, 4> last_;
+    std::array<bool, 4> plays_{true, true, true, true};
+    std::array<std::optional<game::Skill>, 4> taken_{};
 };
 
 }  // namespace computer

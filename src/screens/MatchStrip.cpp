@@ -115,7 +115,7 @@ void MatchStrip::sync() {
         if (box->text() != text && m.inputOpen()) box->setText(text);
     }
     throw_->setEnabled(m.canThrow() && !computer);
-    if (computer) showComputersHands();
+    if (computer && local_[static_cast<std::size_t>(m.currentPlayer())]) showComputersHands();
     frame_->move(m.selectionFrameLeft(), frame_->y());
     for (int k = 0; k < game::kKinds; ++k) {
         const auto kind = static_cast<game::ProjectileKind>(k);
@@ -146,7 +146,8 @@ void MatchStrip::showComputersHands() {
 }
 
 bool MatchStrip::computersTurn() const {
-    return match_.computer(match_.currentPlayer()).has_value();
+    const int current = match_.currentPlayer();
+    return match_.computer(current).has_value() || !local_[static_cast<std::size_t>(current)];
 }
 
 }  // namespace screens

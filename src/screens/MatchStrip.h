@@ -34,6 +34,8 @@ public:
     // Brings every control in line with the match.
     void sync();
     void focusAngle();
+    // The seats this machine's people type for; the others' boxes show what comes from elsewhere.
+    void setLocalSeats(const std::array<bool, 4>& local) { local_ = local; }
 
     QLineEdit* angleBox() const { return angle_; }
     QLineEdit* velocityBox() const { return velocity_; }
@@ -47,12 +49,14 @@ private:
     void createAiming();
     void createSelectors();
     void createScore();
+    // Nobody at this machine's keyboard aims this turn: the computer or another machine does.
     bool computersTurn() const;
     void showComputersHands();
 
     const game::Match& match_;
     const computer::Autopilot& pilot_;
     std::function<void(game::Command)> send_;
+    std::array<bool, 4> local_{true, true, true, true};
     QLineEdit* angle_ = nullptr;
     QLineEdit* velocity_ = nullptr;
     QPushButton* throw_ = nullptr;

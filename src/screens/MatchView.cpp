@@ -8,6 +8,7 @@
 #include "game/Music.h"
 #include "screens/LoadingBox.h"
 #include "screens/MatchField.h"
+#include "screens/MatchNet.h"
 #include "screens/MatchStrip.h"
 #include "screens/MatchTexts.h"
 #include "ui/Clock.h"
@@ -51,17 +52,62 @@ MatchView::MatchView(const game::MatchSetup& setup, media::Sound& sound, ui::Key
 }
 
 MatchView::~MatchView() {
+    net_.reset();
     sound_.closeTune(data_.path(game::tuneFile(match_.tune())));
     delete loading_.data();
 }
 
 void MatchView::resume() {
     send({.kind = game::Command::Kind::Resume});
+    if (std::exchange(pauseHeld_, false))
+        send({.kind = game::Command::Kind::KeyUp, .value = game::key::kEscape});
     ui::giveFocus(this);
+}
+
+void MatchView::hostNetwork(net::Host& host, const std::array<bool, 4>& local) {
+    net_ = std::make_unique<MatchNet>(match_, pilot_, host, local);
+    startNetwork(local);
+}
+
+void MatchView::joinNetwork(net::Guest& guest, int seat, std::optional<game::Skill> computer) {
+    net_ = std::make_unique<MatchNet>(match_, pilot_, guest, seat);
+    std::array<bool, 4> local{};
+    local[static_cast<std::size_t>(seat)] = true;
+    startNetwork(local);
+    if (computer) pilot_.takeOver(seat, *computer);
+}
+
+void MatchView::takeOver(int seat) {
+    pilot_.takeOver(seat, game::kUsualSkill);
+    if (net_) net_->takeOver(seat);
+}
+
+void MatchView::pause() {
+    send({.kind = game::Command::Kind::KeyDown, .value = game::key::kEscape});
+    pauseHeld_ = true;
+}
+
+void MatchView::startNetwork(const std::array<bool, 4>& local) {
+    // The computer plays this machine's computer seats through the host, like a person would.
+    match_.setPilot(nullptr);
+    pilot_.playOnly(local);
+    strip_->setLocalSeats(local);
+    // Later, not now: a command may arrive while the match is being stepped.
+    net_->onArrived = [this] {
+        QMetaObject::invokeMethod(this, [this] { step(); }, Qt::QueuedConnection);
+    };
+    net_->onBroken = [this](const QString& why) {
+        if (onNetworkBroken) onNetworkBroken(why);
+    };
 }
 
 void MatchView::send(game::Command command) {
     if (replay_) return;
+    if (net_) {
+        net_->send(command);
+        refresh();
+        return;
+    }
     // The command takes effect now: the match first catches up with the clock, without showing
     // the moment before, which would put the box being typed in back as it was.
     catchUp();
@@ -80,6 +126,14 @@ void MatchView::step() {
 void MatchView::catchUp() {
     const std::int32_t now = ui::clock().tickCount();
     const int elapsed = ui::ticksSince(lastTick_, now);
+    if (net_) {
+        // A joiner's match runs as far as the host has let it; the host's runs freely.
+        const std::optional<int> until = net_->runsUntil();
+        match_.advance(until ? std::max(0, *until - match_.clock()) : elapsed);
+        lastTick_ = now;
+        net_->afterStep();
+        return;
+    }
     if (!replay_) match_.advance(elapsed);
     else if (!held_) replay_->advance(match_, elapsed * speed_);
     lastTick_ = now;

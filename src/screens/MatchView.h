@@ -16,9 +16,15 @@
 #include "ui/Timer.h"
 #include "ui/Window.h"
 
+namespace net {
+class Host;
+class Guest;
+}  // namespace net
+
 namespace screens {
 
 class MatchField;
+class MatchNet;
 class MatchStrip;
 
 class MatchView : public ui::Window {
@@ -40,6 +46,17 @@ public:
     int speed() const { return speed_; }
     bool replayHeld() const { return held_; }
 
+    // Plays the match with other machines, as their host or as a joiner: every command goes
+    // through `host` or `guest`, and only the seats this machine plays take its input.
+    void hostNetwork(net::Host& host, const std::array<bool, 4>& local);
+    // A joiner's computer plays his seat at `computer`'s skill, when he chose so.
+    void joinNetwork(net::Guest& guest, int seat, std::optional<game::Skill> computer);
+    // The computer of this machine plays `seat` from now on, its player having gone.
+    void takeOver(int seat);
+    // Stands the match still on every machine, as Escape would; the key comes up with resume().
+    void pause();
+    bool networked() const { return net_ != nullptr; }
+
     MatchStrip* strip() const { return strip_; }
     MatchField* field() const { return field_; }
     LoadingBox* loadingBox() const { return loading_.data(); }
@@ -48,10 +65,13 @@ public:
     std::function<void()> onGameOver;
     // Escape during a replay.
     std::function<void()> onReplayEnded;
+    // A match with other machines that cannot go on, and why.
+    std::function<void(const QString& why)> onNetworkBroken;
 
 private:
     void step();
     void catchUp();
+    void startNetwork(const std::array<bool, 4>& local);
     void hearKeys();
     void playEvents();
     void refresh();
@@ -70,6 +90,8 @@ private:
     ui::Timer timer_;
     std::int32_t lastTick_ = 0;
     std::optional<game::Replay> replay_;
+    std::unique_ptr<MatchNet> net_;
+    bool pauseHeld_ = false;
     int speed_ = 1;
     bool held_ = false;
 };
