@@ -8,6 +8,10 @@ Link::Link(QTcpSocket* socket, qint64 largest, QObject* parent)
     // Without a bound the socket would take in all the other end sends while a frame it will
     // refuse is still arriving.
     socket_->setReadBufferSize(kLargestMessage);
+    // Messages are small and each is wanted at once: no waiting to gather them into one packet.
+    socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    connect(socket_, &QTcpSocket::connected, this,
+            [this] { socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1); });
     connect(socket_, &QTcpSocket::readyRead, this, &Link::readAll);
     connect(socket_, &QTcpSocket::disconnected, this, &Link::onGone);
     connect(socket_, &QTcpSocket::errorOccurred, this, &Link::onGone);
@@ -21,6 +25,8 @@ void Link::close(const std::optional<Message>& last) {
     if (!open_) return;
     if (last) send(*last);
     open_ = reading_ = false;
+    // Into the system's buffers now: the owner may delete the link as soon as this returns.
+    socket_->flush();
     socket_->disconnectFromHost();
 }
 

@@ -338,11 +338,10 @@ Decoded decode(const QByteArray& bytes) {
 std::optional<QByteArray> FrameReader::next(QIODevice& in) {
     if (!error_.isEmpty()) return std::nullopt;
     if (length_ < 0) {
-        if (in.bytesAvailable() < 4) return std::nullopt;
-        char header[4];
-        if (in.read(header, 4) != 4)
-            return error_ = QStringLiteral("the stream broke"), std::nullopt;
-        length_ = qFromBigEndian<quint32>(header);
+        header_ += in.read(4 - header_.size());
+        if (header_.size() < 4) return std::nullopt;
+        length_ = qFromBigEndian<quint32>(header_.constData());
+        header_.clear();
         if (length_ == 0) return error_ = QStringLiteral("an empty message"), std::nullopt;
         if (length_ > largest_) {
             error_ = QStringLiteral("a message of %1 bytes, larger than the %2 allowed")

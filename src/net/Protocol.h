@@ -132,6 +132,7 @@ public:
 
 private:
     qint64 largest_;
+    QByteArray header_;
     qint64 length_ = -1;  // of the frame being read; -1 while its length is still to come
     QByteArray text_;
     QString error_;
