@@ -4,7 +4,6 @@
 #include <QTest>
 #include <QtEndian>
 
-#include "gtest/gtest.h"
 #include "net/Guest.h"
 #include "net/Host.h"
 #include "net/NetSupport.h"
@@ -15,6 +14,7 @@ using game::GameType;
 using namespace net;
 using testing_support::RawPeer;
 using testing_support::TestLobby;
+using Kind = game::Command::Kind;
 
 namespace {
 
@@ -32,7 +32,9 @@ bool Wait(const std::function<bool()>& done) { return QTest::qWaitFor(done, 5000
 class Session : public ::testing::Test {
 protected:
     struct Joiner {
-        std::unique_ptr<Guest> guest;
+        Joiner(const QString& version, const std::vector<FileDigest>& data)
+            : guest(version, data) {}
+        Guest guest;
         QStringList refused, hostLeft;
         std::vector<Command> commands;
         std::vector<int> mismatches;
@@ -44,12 +46,12 @@ protected:
         ui::setClock(&clock);
         host.setMatchClock([this] { return hostTime; });
         QObject::connect(&host, &Host::command,
-                         [this](const Command& c) { hostCommands.push_back(c); });
+                         [this](const Command& c) { commands.push_back(c); });
         QObject::connect(&host, &Host::turnedAway,
                          [this](const QString& why) { turnedAway << why; });
         QObject::connect(&host, &Host::left,
                          [this](int seat, const QString& name, const QString& why) {
-                             left.push_back({seat, name, why});
+                             left << QStringLiteral("%1 %2: %3").arg(seat).arg(name, why);
                          });
         QObject::connect(&host, &Host::digestMismatch, [this](int seat, int at) {
             mismatches.push_back({seat, at});
@@ -59,82 +61,86 @@ protected:
 
     Joiner& Join(const QString& name, const QString& code = kCode, const QString& version = "2.0.0",
                  const std::vector<FileDigest>& data = kData, quint16 port = 0) {
-        auto j = std::make_unique<Joiner>();
-        j->guest = std::make_unique<Guest>(version, data);
-        Joiner* p = j.get();
-        Guest* g = j->guest.get();
-        QObject::connect(g, &Guest::refused, [p](const QString& why) { p->refused << why; });
-        QObject::connect(g, &Guest::hostLeft, [p](const QString& why) { p->hostLeft << why; });
-        QObject::connect(g, &Guest::command, [p](const Command& c) { p->commands.push_back(c); });
-        QObject::connect(g, &Guest::digestMismatch, [p](int at) { p->mismatches.push_back(at); });
-        QObject::connect(g, &Guest::tick, [p](int at) { p->tick = at; });
-        QObject::connect(g, &Guest::welcomed, [p] { p->welcomed = true; });
-        QObject::connect(g, &Guest::started, [p] { p->started = true; });
+        joiners.push_back(std::make_unique<Joiner>(version, data));
+        Joiner* j = joiners.back().get();
+        Guest* g = &j->guest;
+        QObject::connect(g, &Guest::refused, [j](const QString& why) { j->refused << why; });
+        QObject::connect(g, &Guest::hostLeft, [j](const QString& why) { j->hostLeft << why; });
+        QObject::connect(g, &Guest::command, [j](const Command& c) { j->commands.push_back(c); });
+        QObject::connect(g, &Guest::digestMismatch, [j](int at) { j->mismatches.push_back(at); });
+        QObject::connect(g, &Guest::tick, [j](int at) { j->tick = at; });
+        QObject::connect(g, &Guest::welcomed, [j] { j->welcomed = true; });
+        QObject::connect(g, &Guest::started, [j] { j->started = true; });
         g->join(QStringLiteral("127.0.0.1:%1").arg(port ? port : host.port()), code, name);
-        joiners.push_back(std::move(j));
-        return *p;
+        return *j;
     }
-    // Al in seat 2 and Bea in seat 3 of a "2 vs 2", the match begun.
-    std::pair<Joiner*, Joiner*> StartTwo() {
-        EXPECT_TRUE(host.open(TestLobby(GameType::TwoVsTwo, {1, 2}), kCode, 0));
-        Joiner& a = Join("Al");
-        EXPECT_TRUE(Wait([&] { return a.welcomed; }));
-        Joiner& b = Join("Bea");
-        EXPECT_TRUE(Wait([&] { return b.welcomed; }));
-        EXPECT_TRUE(host.start()) << host.error().toStdString();
-        EXPECT_TRUE(Wait([&] { return a.started && b.started; }));
-        return {&a, &b};
+    Joiner& Seated(const QString& name) {
+        Joiner& j = Join(name);
+        EXPECT_TRUE(Wait([&] { return j.welcomed; })) << j.refused.join(";").toStdString();
+        return j;
+    }
+    // A bare socket that says hello as `name` and is given `seat`.
+    RawPeer& RawSeated(const QString& name, int seat) {
+        raws.push_back(std::make_unique<RawPeer>(host.port()));
+        raws.back()->Send(Hello{1, "2.0.0", kCode, name, kData});
+        EXPECT_TRUE(Wait([&] { return host.taken(seat); }));
+        return *raws.back();
+    }
+    // A host played by hand, holding Al's hello.
+    RawPeer& ByHand(Joiner*& al) {
+        fakes.push_back(std::make_unique<QTcpServer>());
+        EXPECT_TRUE(fakes.back()->listen(QHostAddress::LocalHost, 0));
+        al = &Join("Al", kCode, "2.0.0", kData, fakes.back()->serverPort());
+        EXPECT_TRUE(Wait([&] { return fakes.back()->hasPendingConnections(); }));
+        raws.push_back(std::make_unique<RawPeer>(fakes.back()->nextPendingConnection()));
+        As<Hello>(raws.back()->Next());
+        return *raws.back();
     }
 
     ui::VirtualClock clock;  // first, so that it outlives every timer
     int hostTime = 0;
     Host host{"2.0.0", kData};
-    std::vector<Command> hostCommands;
-    QStringList turnedAway;
-    struct Left {
-        int seat;
-        QString name, why;
-    };
-    std::vector<Left> left;
+    std::vector<Command> commands;
+    QStringList turnedAway, left;
     std::vector<std::pair<int, int>> mismatches;
     std::vector<std::unique_ptr<Joiner>> joiners;
+    std::vector<std::unique_ptr<QTcpServer>> fakes;
+    std::vector<std::unique_ptr<RawPeer>> raws;
 };
 
-TEST_F(Session, CommandsReachEveryMachineInOneOrderWithTheHostsStamps) {
+TEST_F(Session, CommandsReachEveryMachineInOneOrderWithTheHostsStampsAndDigestsAreCompared) {
     ASSERT_TRUE(host.open(TestLobby(GameType::TwoVsTwo, {1, 2}), kCode, 0));
     EXPECT_FALSE(host.start());  // seats still wait
     Joiner& a = Join("Al", "  Otter LAMP brave ");
     ASSERT_TRUE(Wait([&] { return a.welcomed; })) << a.refused.join(";").toStdString();
-    Joiner& b = Join("Bea");
-    ASSERT_TRUE(Wait([&] { return b.welcomed; }));
-    EXPECT_EQ(a.guest->seat(), 1);
-    EXPECT_EQ(b.guest->seat(), 2);
-    ASSERT_TRUE(b.guest->chooseSeat("Bea", "Sorcerer Grumbo"));
+    Joiner& b = Seated("Bea");
+    EXPECT_EQ(a.guest.seat(), 1);
+    EXPECT_EQ(b.guest.seat(), 2);
+    ASSERT_TRUE(b.guest.chooseSeat("Bea", "Sorcerer Grumbo"));
     // Every joiner sees the lobby change.
-    ASSERT_TRUE(Wait([&] {
-        return a.guest->lobby().setup.seats[2].character == QLatin1String("Sorcerer Grumbo");
-    }));
+    ASSERT_TRUE(
+        Wait([&] { return a.guest.lobby().setup.seats[2].character == "Sorcerer Grumbo"; }));
     EXPECT_EQ(host.lobby().setup.seats[1].name, "Al");
     ASSERT_TRUE(host.start());
     ASSERT_TRUE(Wait([&] { return a.started && b.started; }));
-    EXPECT_EQ(b.guest->lobby(), host.lobby());
+    EXPECT_EQ(b.guest.lobby(), host.lobby());
 
     hostTime = 1500;
-    EXPECT_TRUE(a.guest->send({3, 1, Command::Kind::Angle, "45", 0}));
-    EXPECT_TRUE(b.guest->send({4, 2, Command::Kind::Throw, "", 0}));
-    EXPECT_TRUE(host.send({0, 0, Command::Kind::KeyDown, "", 27}));
-    EXPECT_TRUE(host.send({0, 3, Command::Kind::Choose, "", 1}));
-    EXPECT_FALSE(host.send({0, 1, Command::Kind::Throw, "", 0}));  // Al's seat is Al's
-    EXPECT_FALSE(a.guest->send({0, 2, Command::Kind::Throw, "", 0}));
+    EXPECT_TRUE(a.guest.send({3, 1, Kind::Angle, "45", 0}));
+    EXPECT_TRUE(b.guest.send({4, 2, Kind::Throw, "", 0}));
+    EXPECT_TRUE(host.send({0, 0, Kind::KeyDown, "", 27}));
+    EXPECT_TRUE(host.send({0, 3, Kind::Choose, "", 1}));
+    EXPECT_FALSE(host.send({0, 1, Kind::Throw, "", 0}));  // Al's seat is Al's
+    EXPECT_FALSE(a.guest.send({0, 2, Kind::Throw, "", 0}));
     ASSERT_TRUE(Wait([&] { return a.commands.size() == 4 && b.commands.size() == 4; }));
     hostTime = 2000;
-    EXPECT_TRUE(a.guest->send({0, 1, Command::Kind::Velocity, "60", 0}));
+    EXPECT_TRUE(a.guest.send({0, 1, Kind::Velocity, "60", 0}));
     ASSERT_TRUE(Wait([&] { return a.commands.size() == 5 && b.commands.size() == 5; }));
 
-    EXPECT_EQ(a.commands, hostCommands);
-    EXPECT_EQ(b.commands, hostCommands);
+    EXPECT_EQ(a.commands, commands);
+    EXPECT_EQ(b.commands, commands);
     std::vector<int> stamps, seats;
-    for (const Command& c : hostCommands) stamps.push_back(c.at), seats.push_back(c.seat);
+    for (const Command& c : commands) stamps.push_back(c.at), seats.push_back(c.seat);
     EXPECT_EQ(stamps, (std::vector<int>{1500, 1500, 1500, 1500, 2000}));
     std::sort(seats.begin(), seats.end());
     EXPECT_EQ(seats, (std::vector<int>{0, 1, 1, 2, 3}));
@@ -142,63 +148,54 @@ TEST_F(Session, CommandsReachEveryMachineInOneOrderWithTheHostsStamps) {
     hostTime = 2100;
     clock.advance(Host::kTickMs);
     EXPECT_TRUE(Wait([&] { return a.tick == 2100 && b.tick == 2100; }));
-}
 
-TEST_F(Session, DigestsThatDifferAreReportedOnBothSides) {
-    auto [a, b] = StartTwo();
+    // Digests that differ are reported on both sides; Al's and the host's have crossed once his
+    // command is back.
     host.submitDigest(3000, 0xabc);
-    a->guest->submitDigest(3000, 0xabc);
-    b->guest->submitDigest(3000, 0xdef);
-    ASSERT_TRUE(Wait([&] { return !mismatches.empty() && !b->mismatches.empty(); }));
-    // Al's digest and the host's have crossed once his command is back.
-    a->guest->send({0, 1, Command::Kind::Throw, "", 0});
-    ASSERT_TRUE(Wait([&] { return a->commands.size() == 1; }));
+    a.guest.submitDigest(3000, 0xabc);
+    b.guest.submitDigest(3000, 0xdef);
+    ASSERT_TRUE(Wait([&] { return !mismatches.empty() && !b.mismatches.empty(); }));
+    a.guest.send({0, 1, Kind::Throw, "", 0});
+    ASSERT_TRUE(Wait([&] { return a.commands.size() == 6; }));
     EXPECT_EQ(mismatches, (std::vector<std::pair<int, int>>{{2, 3000}}));
-    EXPECT_EQ(b->mismatches, std::vector<int>{3000});
-    EXPECT_TRUE(a->mismatches.empty());
+    EXPECT_EQ(b.mismatches, std::vector<int>{3000});
+    EXPECT_TRUE(a.mismatches.empty());
 }
 
 TEST_F(Session, RefusesWrongCodeOtherVersionsOtherDataAndAFullMatch) {
     ASSERT_TRUE(host.open(TestLobby(GameType::OneVsOne, {1}), kCode, 0));
     std::vector<FileDigest> otherData = kData;
     otherData[1].hash = 8;
-    const struct {
-        Joiner& joiner;
-        const char* says;
-    } rows[] = {
-        {Join("Al", "otter lamp"), "wrong join code"},
-        {Join("Al", kCode, "1.9.0"),
+    const std::pair<Joiner*, const char*> rows[] = {
+        {&Join("Al", "otter lamp"), "wrong join code"},
+        {&Join("Al", kCode, "1.9.0"),
          "the host plays version 2.0.0 of the game, the joining computer 1.9.0"},
-        {Join("Al", kCode, "2.0.0", otherData), "sounds/throw.wav differs"},
+        {&Join("Al", kCode, "2.0.0", otherData),
+         "the game's data differs: sounds/throw.wav differs"},
     };
-    for (const auto& row : rows) {
-        ASSERT_TRUE(Wait([&] { return !row.joiner.refused.isEmpty(); }));
-        EXPECT_TRUE(row.joiner.refused[0].contains(QLatin1String(row.says)))
-            << row.joiner.refused[0].toStdString();
-        EXPECT_FALSE(row.joiner.welcomed);
+    for (const auto& [joiner, says] : rows) {
+        ASSERT_TRUE(Wait([&] { return !joiner->refused.isEmpty(); }));
+        EXPECT_EQ(joiner->refused, QStringList{says});
     }
     RawPeer future(host.port());
     future.Send(Hello{2, "3.0.0", kCode, "Al", {}});
     EXPECT_TRUE(As<Refused>(future.Next()).reason.contains(QLatin1String("network version 1")));
 
-    Joiner& al = Join("Al");
-    ASSERT_TRUE(Wait([&] { return al.welcomed; }));
+    Seated("Al");
     Joiner& late = Join("Bo");
     ASSERT_TRUE(Wait([&] { return !late.refused.isEmpty(); }));
-    EXPECT_EQ(late.refused[0], "the match is full");
+    EXPECT_EQ(late.refused, QStringList{"the match is full"});
     EXPECT_EQ(turnedAway.size(), 5);
 }
 
 TEST_F(Session, GarbageAndHugeFramesCostTheHostNothing) {
     ASSERT_TRUE(host.open(TestLobby(GameType::OneVsOne, {1}), kCode, 0));
-    RawPeer web(host.port());
+    RawPeer web(host.port()), junk(host.port()), huge(host.port());
     web.SendBytes("GET / HTTP/1.1\r\nHost: grumbo\r\n\r\n");
     EXPECT_TRUE(web.Closed());
-    RawPeer junk(host.port());
     junk.SendBytes(QByteArray("\0\0\0\4\xff\xfe\xfd\xfc", 8));
     EXPECT_TRUE(junk.Closed());
 
-    RawPeer huge(host.port());
     QByteArray header(4, '\0');
     qToBigEndian<quint32>(100u << 20, header.data());
     huge.SendBytes(header);
@@ -212,98 +209,71 @@ TEST_F(Session, GarbageAndHugeFramesCostTheHostNothing) {
     EXPECT_LT(most, kLargestMessage);
     ASSERT_EQ(turnedAway.size(), 3);
     EXPECT_TRUE(turnedAway[2].contains(QLatin1String("104857600"))) << turnedAway[2].toStdString();
-    // The host still seats a proper joiner.
-    Joiner& al = Join("Al");
-    EXPECT_TRUE(Wait([&] { return al.welcomed; }));
+    Seated("Al");  // the host still seats a proper joiner
 }
 
-TEST_F(Session, MessagesOutOfOrderEndTheConversation) {
+TEST_F(Session, AJoinerOutOfOrderOrPlayingAnothersSeatIsSentAway) {
     ASSERT_TRUE(host.open(TestLobby(GameType::OneVsOne, {1}), kCode, 0));
     RawPeer early(host.port());
-    early.Send(CommandMessage{{0, 1, Command::Kind::Throw, "", 0}});
+    early.Send(CommandMessage{{0, 1, Kind::Throw, "", 0}});
     EXPECT_EQ(As<Refused>(early.Next()).reason, "\"command\" before hello");
     EXPECT_TRUE(early.Closed());
 
-    // A host that breaks the order, played by hand.
-    QTcpServer fake;
-    ASSERT_TRUE(fake.listen(QHostAddress::LocalHost, 0));
-    Joiner& first = Join("Al", kCode, "2.0.0", kData, fake.serverPort());
-    ASSERT_TRUE(Wait([&] { return fake.hasPendingConnections(); }));
-    RawPeer byHand(fake.nextPendingConnection());
-    As<Hello>(byHand.Next());
-    byHand.Send(CommandMessage{{10, 0, Command::Kind::Throw, "", 0}});
-    ASSERT_TRUE(Wait([&] { return !first.refused.isEmpty(); }));
-    EXPECT_TRUE(first.refused[0].contains(QLatin1String("\"command\" before the start")));
-    EXPECT_EQ(As<Bye>(byHand.Next()).reason, "\"command\" before the start");
-
-    Joiner& second = Join("Al", kCode, "2.0.0", kData, fake.serverPort());
-    ASSERT_TRUE(Wait([&] { return fake.hasPendingConnections(); }));
-    RawPeer again(fake.nextPendingConnection());
-    As<Hello>(again.Next());
-    const Lobby lobby = TestLobby(GameType::OneVsOne, {1});
-    again.Send(Welcome{1, lobby});
-    again.Send(Start{lobby});
-    again.Send(CommandMessage{{500, 0, Command::Kind::Throw, "", 0}});
-    again.Send(CommandMessage{{400, 0, Command::Kind::Throw, "", 0}});
-    ASSERT_TRUE(Wait([&] { return !second.hostLeft.isEmpty(); }));
-    EXPECT_TRUE(second.hostLeft[0].contains(QLatin1String("earlier than the last")));
-    EXPECT_EQ(second.commands.size(), 1u);
-}
-
-TEST_F(Session, ACommandForAnotherSeatSendsTheJoinerAway) {
-    ASSERT_TRUE(host.open(TestLobby(GameType::OneVsOne, {1}), kCode, 0));
     RawPeer raw(host.port());
     raw.Send(Hello{1, "2.0.0", kCode, "Rawley", kData});
     EXPECT_EQ(As<Welcome>(raw.Next()).seat, 1);
     ASSERT_TRUE(host.start());
     As<Start>(raw.Next());
-    raw.Send(CommandMessage{{0, 0, Command::Kind::Throw, "", 0}});
+    raw.Send(CommandMessage{{0, 0, Kind::Throw, "", 0}});
     EXPECT_EQ(As<Bye>(raw.Next()).reason, "a command for player 1, whose seat is not yours");
     EXPECT_TRUE(raw.Closed());
-    ASSERT_EQ(left.size(), 1u);
-    EXPECT_EQ(left[0].seat, 1);
-    EXPECT_EQ(left[0].name, "Rawley");
-    EXPECT_TRUE(hostCommands.empty());
+    EXPECT_EQ(left, QStringList{"1 Rawley: a command for player 1, whose seat is not yours"});
+    EXPECT_TRUE(commands.empty());
 }
 
-TEST_F(Session, JoinersThatLeaveOrDropAreNamed) {
-    ASSERT_TRUE(host.open(TestLobby(GameType::TwoVsTwo, {1, 2}), kCode, 0));
-    Joiner& al = Join("Al");
-    ASSERT_TRUE(Wait([&] { return al.welcomed; }));
-    RawPeer raw(host.port());
-    raw.Send(Hello{1, "2.0.0", kCode, "Rawley", kData});
-    ASSERT_TRUE(Wait([&] { return host.taken(2); }));
-    ASSERT_TRUE(host.start());
-    al.guest->leave("off to bed");
-    ASSERT_TRUE(Wait([&] { return left.size() == 1; }));
-    raw.socket().abort();
-    ASSERT_TRUE(Wait([&] { return left.size() == 2; }));
-    EXPECT_EQ(left[0].seat, 1);
-    EXPECT_EQ(left[0].name, "Al");
-    EXPECT_EQ(left[0].why, "off to bed");
-    EXPECT_EQ(left[1].seat, 2);
-    EXPECT_EQ(left[1].name, "Rawley");
-}
+TEST_F(Session, AHostOutOfOrderIsLeft) {
+    Joiner* first = nullptr;
+    ByHand(first).Send(CommandMessage{{10, 0, Kind::Throw, "", 0}});
+    ASSERT_TRUE(Wait([&] { return !first->refused.isEmpty(); }));
+    EXPECT_EQ(first->refused,
+              QStringList{"the host broke the rules: \"command\" before the start"});
+    EXPECT_EQ(As<Bye>(raws.back()->Next()).reason, "\"command\" before the start");
 
-TEST_F(Session, AJoinerLearnsThatTheHostLeft) {
-    auto [a, b] = StartTwo();
-    host.close("the host quit");
-    EXPECT_TRUE(Wait([&] { return a->hostLeft == QStringList{"the host quit"}; }));
-
-    // A host whose machine dies says nothing.
-    QTcpServer fake;
-    ASSERT_TRUE(fake.listen(QHostAddress::LocalHost, 0));
-    Joiner& j = Join("Al", kCode, "2.0.0", kData, fake.serverPort());
-    ASSERT_TRUE(Wait([&] { return fake.hasPendingConnections(); }));
-    RawPeer byHand(fake.nextPendingConnection());
-    As<Hello>(byHand.Next());
+    Joiner* second = nullptr;
+    RawPeer& byHand = ByHand(second);
     const Lobby lobby = TestLobby(GameType::OneVsOne, {1});
     byHand.Send(Welcome{1, lobby});
     byHand.Send(Start{lobby});
-    ASSERT_TRUE(Wait([&] { return j.started; }));
+    byHand.Send(CommandMessage{{500, 0, Kind::Throw, "", 0}});
+    byHand.Send(CommandMessage{{400, 0, Kind::Throw, "", 0}});
+    ASSERT_TRUE(Wait([&] { return !second->hostLeft.isEmpty(); }));
+    EXPECT_EQ(second->hostLeft,
+              QStringList{"the host broke the rules: \"command\" earlier than the last"});
+    EXPECT_EQ(second->commands.size(), 1u);
+}
+
+TEST_F(Session, WhoeverLeavesOrDropsIsNamedOnTheOtherSide) {
+    ASSERT_TRUE(host.open(TestLobby(GameType::TwoVsTwo, {1, 2, 3}), kCode, 0));
+    Joiner& al = Seated("Al");
+    Joiner& bea = Seated("Bea");
+    RawPeer& raw = RawSeated("Rawley", 3);
+    ASSERT_TRUE(host.start());
+    al.guest.leave("off to bed");
+    ASSERT_TRUE(Wait([&] { return left.size() == 1; }));
+    raw.socket().abort();  // his machine dies without a word
+    ASSERT_TRUE(Wait([&] { return left.size() == 2; }));
+    EXPECT_EQ(left, (QStringList{"1 Al: off to bed", "3 Rawley: the connection closed"}));
+    host.close("the host quit");
+    EXPECT_TRUE(Wait([&] { return bea.hostLeft == QStringList{"the host quit"}; }));
+
+    Joiner* eve = nullptr;
+    RawPeer& byHand = ByHand(eve);
+    byHand.Send(Welcome{1, TestLobby(GameType::OneVsOne, {1})});
+    ASSERT_TRUE(Wait([&] { return eve->welcomed; }));
     byHand.socket().abort();
-    ASSERT_TRUE(Wait([&] { return !j.hostLeft.isEmpty(); }));
-    EXPECT_TRUE(j.hostLeft[0].startsWith(QLatin1String("the host is gone")));
+    ASSERT_TRUE(Wait([&] { return !eve->hostLeft.isEmpty(); }));
+    EXPECT_TRUE(eve->hostLeft[0].startsWith(QLatin1String("the host is gone")))
+        << eve->hostLeft[0].toStdString();
 }
 
 TEST_F(Session, SilenceInAJoinersTurnSendsHimAwayOnTheVirtualClock) {
@@ -312,11 +282,8 @@ TEST_F(Session, SilenceInAJoinersTurnSendsHimAwayOnTheVirtualClock) {
     clock.advance(Host::kGreetingMs + 1000);
     EXPECT_EQ(As<Refused>(mute.Next()).reason, "no hello within 10 s");
 
-    RawPeer raw(host.port());
-    raw.Send(Hello{1, "2.0.0", kCode, "Rawley", kData});
-    ASSERT_TRUE(Wait([&] { return host.taken(1); }));
-    Joiner& al = Join("Al");
-    ASSERT_TRUE(Wait([&] { return al.welcomed; }));
+    RawPeer& raw = RawSeated("Rawley", 1);
+    Seated("Al");
     ASSERT_TRUE(host.start());
     host.setTurn(0);
     clock.advance(40'000);
@@ -327,14 +294,13 @@ TEST_F(Session, SilenceInAJoinersTurnSendsHimAwayOnTheVirtualClock) {
 
     host.setTurn(1);
     clock.advance(29'000);
-    raw.Send(CommandMessage{{0, 1, Command::Kind::Angle, "4", 0}});
-    ASSERT_TRUE(Wait([&] { return hostCommands.size() == 1; }));
+    raw.Send(CommandMessage{{0, 1, Kind::Angle, "4", 0}});
+    ASSERT_TRUE(Wait([&] { return commands.size() == 1; }));
     clock.advance(29'000);
     EXPECT_TRUE(left.empty());
     clock.advance(1'500);
-    ASSERT_EQ(left.size(), 1u);
-    EXPECT_EQ(left[0].seat, 1);
-    EXPECT_EQ(left[0].why, "nothing heard from Rawley's computer for 30 s in his turn");
+    EXPECT_EQ(left,
+              QStringList{"1 Rawley: nothing heard from Rawley's computer for 30 s in his turn"});
 }
 
 }  // namespace
