@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QDateTime>
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -11,6 +12,7 @@
 #include "app/Records.h"
 #include "app/Replays.h"
 #include "app/ScreenFlow.h"
+#include "net/DataDigest.h"
 #include "ui/Display.h"
 #include "ui/Keyboard.h"
 #include "ui/Window.h"
@@ -100,8 +102,23 @@ int main(int argc, char** argv) {
             services.keepRecord = [&records](const game::Record& r) {
                 records.keep(r, QDateTime::currentDateTime());
             };
+        services.remote = options.remotes;
+        if (options.port) services.port = *options.port;
+        services.code = options.code;
+        services.version = QStringLiteral(GRUMBO_VERSION);
+        services.dataDigest = net::digestData(data);
         app::ScreenFlow flow(services, seats);
-        if (!options.replay) {
+        if (options.join) {
+            // A joiner's --computer lets his computer play whichever seat the host gives him.
+            const bool computer = std::any_of(options.computers.begin(), options.computers.end(),
+                                              [](bool c) { return c; });
+            QString address = *options.join;
+            // --port stands for the port an address without one leaves out.
+            if (options.port && !address.contains(QLatin1Char(':')))
+                address += QLatin1Char(':') + QString::number(*options.port);
+            flow.join(address, *options.code,
+                      computer ? screens::Seat(game::kUsualSkill) : std::nullopt);
+        } else if (!options.replay) {
             flow.start();
         } else {
             const app::ReplayFile replay = app::openReplay(*options.replay, data);

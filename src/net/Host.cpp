@@ -112,6 +112,11 @@ bool Host::send(game::Command command) {
     return true;
 }
 
+void Host::takeOver(int seat) {
+    if (seat < 0 || seat >= 4 || peerOf(seat)) return;
+    lobby_.remote[static_cast<std::size_t>(seat)] = false;
+}
+
 void Host::relay(game::Command command) {
     // Never before what the joiners were already told they may run to.
     command.at = std::max({now(), lastStamp_, lastTick_});

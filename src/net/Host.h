@@ -53,6 +53,9 @@ public:
     // A command from this machine, for a seat no joiner plays: stamped, sent to every joiner
     // and given back through command(). False for a joiner's seat or before the start.
     bool send(game::Command command);
+    // This machine plays `seat` from now on, its joiner having gone: its commands go out as the
+    // host's own.
+    void takeOver(int seat);
     // This machine's hash of the match state at `at` (the end of a turn), compared with the
     // joiners' own.
     void submitDigest(int at, std::uint64_t hash);
