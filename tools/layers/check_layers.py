@@ -20,11 +20,13 @@ LAYERS = [
     ["game"],
     ["computer"],
     ["ui", "media"],
+    ["net"],
     ["screens"],
     ["app"],
 ]
 LIBRARY = {"core": "grumbo_core", "game": "grumbo_game", "computer": "grumbo_computer", "ui": "grumbo_ui",
-           "media": "grumbo_media", "screens": "grumbo_screens", "app": "grumbo_app"}
+           "media": "grumbo_media", "net": "grumbo_net", "screens": "grumbo_screens",
+           "app": "grumbo_app"}
 VIEW = {"ui", "screens"}
 VIEW_ONLY = {"QPainter", "QPaintEvent", "QEvent", "QKeyEvent", "QMouseEvent", "QCloseEvent",
                  "QWheelEvent", "QResizeEvent", "QShowEvent", "QWindow", "QScreen"}
