@@ -28,9 +28,10 @@
 namespace screens {
 
 namespace {
-// The screen grew a row at the bottom for the seat; the character is shown in the middle of the
-// part above it.
-constexpr int kWidth = 240, kHeight = 255, kPreviewHeight = 229;
+// The screen grew a row at the bottom for the seat, and another below it for a seat played at
+// another computer; the character is shown in the middle of the part above them. The joiner's
+// page has no use for the last row and goes without it.
+constexpr int kWidth = 240, kHeight = 255, kPreviewHeight = 229, kNetworkRow = 20;
 constexpr char16_t kEnter = 13;
 
 QString caption(int pass) { return QStringLiteral("Player %1").arg(pass + 1); }
@@ -100,6 +101,8 @@ PlayerScreen::PlayerScreen(const core::DataFolder& data, media::Sound& sound)
         characterBox->setText(list_[0]);
     }
     browser->setMax(static_cast<int>(list_.size()) - 1);
+    // Once the list is known: whether the name box opens depends on it.
+    showSeat();
     setWindowTitle(caption(0));
 }
 
@@ -115,13 +118,43 @@ void PlayerScreen::createSeat() {
     skillBox->setFocusPolicy(Qt::TabFocus);
     QObject::connect(computerBox, &QCheckBox::toggled, skillBox, &QWidget::setEnabled);
     QObject::connect(computerBox, &QCheckBox::toggled, this, [this] { offerUnworn(); });
-    showSeat();
+    networkBox = new QCheckBox(QStringLiteral("Network"), this);
+    networkBox->setGeometry(48, 250, 76, 20);
+    networkBox->setFocusPolicy(Qt::TabFocus);
+    // A seat is played here by a person, here by the computer, or elsewhere: never two of them.
+    QObject::connect(computerBox, &QCheckBox::toggled, this, [this](bool on) {
+        if (on) networkBox->setChecked(false);
+    });
+    QObject::connect(networkBox, &QCheckBox::toggled, this, [this](bool on) {
+        if (on) computerBox->setChecked(false);
+        showRemote(on);
+    });
+    fitRows(true);
+}
+
+void PlayerScreen::fitRows(bool withNetworkRow) {
+    networkBox->setVisible(withNetworkRow);
+    setFixedSize(kWidth, kHeight + (withNetworkRow ? kNetworkRow : 0));
+}
+
+void PlayerScreen::showRemote(bool remote) {
+    // The name and character are chosen at the other computer. Without any character the boxes
+    // stay closed whatever the seat.
+    const bool open = !remote && !list_.isEmpty();
+    nameBox->setEnabled(open);
+    browser->setEnabled(open);
+    characterBox->setEnabled(!remote);
+    if (open) nameBox->setFocus();
 }
 
 void PlayerScreen::offerUnworn() {
     // The computer looks like nobody else in the match, while there are characters enough; a
     // person may still browse it to any other.
-    if (!computerBox->isChecked() || !worn_.contains(characterBox->text())) return;
+    if (computerBox->isChecked()) chooseUnworn();
+}
+
+void PlayerScreen::chooseUnworn() {
+    if (!worn_.contains(characterBox->text())) return;
     for (int i = 0; i < list_.size(); ++i) {
         if (worn_.contains(list_[i])) continue;
         browser->setValue(i);
@@ -130,20 +163,48 @@ void PlayerScreen::offerUnworn() {
 }
 
 void PlayerScreen::showSeat() {
-    const Seat& seat = seats_[static_cast<std::size_t>(pass_)];
-    computerBox->setChecked(seat.has_value());
+    const auto at = static_cast<std::size_t>(pass_);
+    const Seat& seat = seats_[at];
+    // A seat given both to the computer and to another computer is played elsewhere: that
+    // player is waiting to join.
+    const bool remote = remote_[at] && !joiner_;
+    computerBox->setChecked(seat.has_value() && !remote);
+    networkBox->setChecked(remote);
+    showRemote(remote);
     skillBox->setCurrentIndex(static_cast<int>(seat.value_or(game::kUsualSkill)));
-    skillBox->setEnabled(seat.has_value());
+    skillBox->setEnabled(computerBox->isChecked());
     offerUnworn();
 }
 
-void PlayerScreen::begin(int players, const std::array<Seat, 4>& seats) {
+void PlayerScreen::begin(int players, const std::array<Seat, 4>& seats,
+                         const std::array<bool, 4>& remote) {
     players_ = players;
     seats_ = seats;
+    remote_ = remote;
+    joiner_ = false;
+    fitRows(true);
     worn_.clear();
+    pass_ = 0;
+    setWindowTitle(caption(0));
     showSeat();
     // Also when the screen comes back after "Back": the button that was clicked last keeps the
     // keyboard otherwise.
+    nameBox->setFocus();
+}
+
+void PlayerScreen::beginJoiner(int seat, const QStringList& wornElsewhere) {
+    joiner_ = true;
+    fitRows(false);
+    pass_ = std::clamp(seat, 0, 3);
+    seats_ = {};
+    remote_ = {};
+    worn_ = wornElsewhere;
+    setWindowTitle(caption(pass_));
+    nameBox->clear();
+    showSeat();
+    // He joins a match whose other players have chosen already: he first sees a character of his
+    // own, and may still browse to any.
+    chooseUnworn();
     nameBox->setFocus();
 }
 
@@ -195,6 +256,12 @@ void PlayerScreen::typed(char16_t key) {
 
 void PlayerScreen::next() {
     if (list_.isEmpty()) return;
+    if (networkBox->isChecked() && !joiner_) {
+        // The name comes from the other computer; nothing is typed or worn here.
+        if (onChosen) onChosen({pass_, QString(), QString(), std::nullopt, true});
+        nextPass();
+        return;
+    }
     const Seat seat = computerBox->isChecked()
                           ? Seat(static_cast<game::Skill>(skillBox->currentIndex()))
                           : std::nullopt;
@@ -213,7 +280,11 @@ void PlayerScreen::next() {
     }
     if (onChosen) onChosen({pass_, nameBox->text(), characterBox->text(), seat});
     worn_ << characterBox->text();
-    if (pass_ == players_ - 1) {
+    nextPass();
+}
+
+void PlayerScreen::nextPass() {
+    if (joiner_ || pass_ == players_ - 1) {
         if (onDone) onDone();
         return;
     }
@@ -224,6 +295,12 @@ void PlayerScreen::next() {
 }
 
 void PlayerScreen::back() {
+    if (joiner_) {
+        // The joiner's one pass stays his seat's, should he come back to it.
+        nameBox->clear();
+        if (onBack) onBack();
+        return;
+    }
     pass_ = 0;
     worn_.clear();
     setWindowTitle(caption(0));

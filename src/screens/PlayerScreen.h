@@ -1,7 +1,9 @@
 #pragma once
 // Player selection: each player in turn types a name and picks a character from the characters
 // folder, with a preview and the character's own sound. Two hidden characters join the list
-// when someone types their secret name. Any player's seat may be taken by the computer.
+// when someone types their secret name. Any player's seat may be taken by the computer, or left
+// to a player at another computer, who chooses his name and character there: the joiner's own
+// pass of this screen is one pass for that seat alone.
 #include <QStringList>
 #include <array>
 #include <functional>
@@ -32,8 +34,12 @@ class PlayerScreen : public ui::Window {
 public:
     PlayerScreen(const core::DataFolder& data, media::Sound& sound);
     // The passes start again with player 1, for a game of `players` players whose seats are
-    // offered as `seats` says.
-    void begin(int players, const std::array<Seat, 4>& seats);
+    // offered as `seats` says; the seats `remote` marks start ticked as played elsewhere.
+    void begin(int players, const std::array<Seat, 4>& seats,
+               const std::array<bool, 4>& remote = {});
+    // The joiner's pass: seat `seat` only, never played elsewhere, first offering a character
+    // none of `wornElsewhere` (the other seats' characters).
+    void beginJoiner(int seat, const QStringList& wornElsewhere);
     void next();
     void back();
     int pass() const { return pass_; }
@@ -44,6 +50,8 @@ public:
         QString name;
         QString character;
         Seat seat;
+        // Played at another computer: the name and character come from there, so both are empty.
+        bool remote = false;
     };
     std::function<void(const Choice&)> onChosen;
     // The last player of the game has chosen.
@@ -58,6 +66,7 @@ public:
     ui::CanvasWidget* preview = nullptr;
     QCheckBox* computerBox = nullptr;
     QComboBox* skillBox = nullptr;
+    QCheckBox* networkBox = nullptr;
 
 private:
     void showPreview(const QString& character);
@@ -67,6 +76,10 @@ private:
     void createSeat();
     void showSeat();
     void offerUnworn();
+    void chooseUnworn();
+    void showRemote(bool remote);
+    void fitRows(bool withNetworkRow);
+    void nextPass();
 
     core::DataFolder data_;
     media::Sound& sound_;
@@ -75,6 +88,8 @@ private:
     QLabel* noCharacters_ = nullptr;
     int players_ = 2;
     std::array<Seat, 4> seats_{};
+    std::array<bool, 4> remote_{};
+    bool joiner_ = false;
     // The characters of the earlier passes.
     QStringList worn_;
     int pass_ = 0;

@@ -44,6 +44,10 @@ TitleScreen::TitleScreen(const core::DataFolder& data, media::Sound& sound, int 
     exit->setGeometry(9, 152, 57, 21);
     QObject::connect(start, &QPushButton::clicked, this, [this] { this->start(); });
     QObject::connect(exit, &QPushButton::clicked, this, [this] { this->exit(); });
+    // Between the two, on their row, so that neither they nor the dancers move.
+    auto* join = new QPushButton(QStringLiteral("Join..."), this);
+    join->setGeometry(133, 152, 57, 21);
+    QObject::connect(join, &QPushButton::clicked, this, [this] { this->join(); });
     // The pictures come anew whenever the screen becomes the active one.
     ui::onActivate(this, [this] { loadDancers(); });
     sound.playEffect(data.path(QStringLiteral("sounds/g2intro.wav")));
@@ -55,6 +59,10 @@ void TitleScreen::start() {
 
 void TitleScreen::exit() {
     if (onExit) onExit();
+}
+
+void TitleScreen::join() {
+    if (onJoin) onJoin();
 }
 
 void TitleScreen::loadDancers() {

@@ -1,6 +1,7 @@
 #pragma once
 // The title screen, where the program starts and every finished match returns: the game's name,
-// six characters dancing in step, "Start" and "Exit".
+// six characters dancing in step, "Start" and "Exit", and between them "Join..." for a match that
+// another computer hosts.
 #include <array>
 #include <functional>
 
@@ -26,9 +27,11 @@ public:
     ui::CanvasWidget* dancer(int i) const { return dancers_[static_cast<std::size_t>(i)]; }
     void start();
     void exit();
+    void join();
 
     std::function<void()> onStart;
     std::function<void()> onExit;
+    std::function<void()> onJoin;
 
 private:
     void loadDancers();

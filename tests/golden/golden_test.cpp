@@ -2,6 +2,7 @@
 // picture of the match window and of the screens around it, every window title, sound and tune
 // must come out as recorded. GOLDEN_OUT names a folder for the pictures that differ and the logs
 // of the runs.
+#include <QCheckBox>
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
@@ -12,9 +13,11 @@
 
 #include "../TestSupport.h"
 #include "game/GameSupport.h"
+#include "screens/JoinDialog.h"
 #include "screens/LoadingBox.h"
 #include "screens/MatchBox.h"
 #include "screens/MatchStrip.h"
+#include "screens/WaitingBox.h"
 #include "ui/ArrowControl.h"
 #include "ui/CanvasWidget.h"
 
@@ -213,6 +216,12 @@ TEST_F(GoldenScreens, LookAsRecorded) {
     Expect(&players, "player2");
     QTest::keyClicks(players.nameBox, QStringLiteral("vostrel"));
     Expect(&players, "player2-vostrel");
+    players.networkBox->setChecked(true);
+    Expect(&players, "player2-network");
+    screens::PlayerScreen joiner(ShippedData(), sound);
+    joiner.beginJoiner(1, {QStringLiteral("Classic Grumbo")});
+    joiner.showCentred();
+    Expect(&joiner, "player-joiner");
 
     QWidget owner;
     screens::LoadingBox loading(&owner);
@@ -220,6 +229,24 @@ TEST_F(GoldenScreens, LookAsRecorded) {
     Expect(&loading, "loading");
     Expect(new screens::MatchBox(&owner, screens::MatchBox::Kind::Paused), "pause-box");
     Expect(new screens::MatchBox(&owner, screens::MatchBox::Kind::GameOver), "gameover-box");
+    screens::WaitingBox host;
+    host.setAddress({QStringLiteral("192.168.1.5"), QStringLiteral("fe80::1")}, 4770);
+    host.setCode(QStringLiteral("K7Q2"));
+    host.setSeat(1, QStringLiteral("Bob, Rapper Grumbo"));
+    host.setSeat(3, QStringLiteral("waiting..."));
+    host.showCentred();
+    Expect(&host, "waiting-host");
+    screens::WaitingBox joining;
+    joining.setMessage(QStringLiteral("Waiting for the host to start the match..."));
+    joining.setSettings({});
+    joining.showCentred();
+    Expect(&joining, "waiting-joiner");
+    screens::JoinDialog join;
+    join.addressBox->setText(QStringLiteral("192.168.1.5:4770"));
+    join.codeBox->setText(QStringLiteral("K7Q2"));
+    join.showError(QStringLiteral("No match is waiting at 192.168.1.5:4770"));
+    join.showCentred();
+    Expect(&join, "join");
     screens::CreditsScreen credits(ShippedData());
     clock.advance(2025);
     Expect(&credits, "credits-2s");

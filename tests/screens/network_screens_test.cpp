@@ -1,0 +1,204 @@
+// The screens' side of a match played from several computers: the seats the host leaves to
+// others, the joiner's own pass of player selection, the join dialog and the waiting box.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "TestSupport.h"
+#include "screens/JoinDialog.h"
+#include "screens/PlayerScreen.h"
+#include "screens/TitleScreen.h"
+#include "screens/WaitingBox.h"
+#include "ui/ArrowControl.h"
+
+using namespace testing_support;
+
+namespace {
+
+class NetworkScreens : public ScreensTest {
+protected:
+    // A player screen whose choices and finishing land in `chosen` and `done`.
+    std::unique_ptr<screens::PlayerScreen> Players() {
+        auto p = std::make_unique<screens::PlayerScreen>(ShippedData(), sound);
+        p->onChosen = [this](const screens::PlayerScreen::Choice& c) { chosen.push_back(c); };
+        p->onDone = [this] { ++done; };
+        p->onBack = [this] { ++backs; };
+        return p;
+    }
+    std::vector<screens::PlayerScreen::Choice> chosen;
+    int done = 0, backs = 0;
+};
+
+TEST_F(NetworkScreens, ANetworkSeatExcludesTheComputerAndNeedsNoName) {
+    auto p = Players();
+    p->begin(2, {std::nullopt, game::Skill::Hard}, {false, true});
+    ASSERT_TRUE(p->networkBox->isVisibleTo(p.get()));
+    EXPECT_FALSE(p->networkBox->isChecked()) << "player 1 is not preset to the network";
+    p->computerBox->setChecked(true);
+    p->networkBox->setChecked(true);
+    EXPECT_FALSE(p->computerBox->isChecked());
+    EXPECT_FALSE(p->skillBox->isEnabled());
+    EXPECT_FALSE(p->nameBox->isEnabled());
+    EXPECT_FALSE(p->browser->isEnabled());
+    p->computerBox->setChecked(true);
+    EXPECT_FALSE(p->networkBox->isChecked());
+    EXPECT_TRUE(p->nameBox->isEnabled()) << "the computer's name box stays open";
+    EXPECT_TRUE(p->browser->isEnabled());
+    p->computerBox->setChecked(false);
+    QTest::keyClicks(p->nameBox, QStringLiteral("Ann"));
+    p->next();
+    // Seat 2 is preset both to the computer and to the network: the player elsewhere has it.
+    EXPECT_EQ(p->windowTitle(), "Player 2");
+    EXPECT_TRUE(p->networkBox->isChecked());
+    EXPECT_FALSE(p->computerBox->isChecked());
+    EXPECT_FALSE(p->nameBox->isEnabled());
+    p->next();
+    EXPECT_TRUE(messages.isEmpty()) << "no name is asked for a seat played elsewhere";
+    ASSERT_EQ(chosen.size(), 2u);
+    EXPECT_EQ(chosen[0].name, "Ann");
+    EXPECT_FALSE(chosen[0].remote);
+    EXPECT_EQ(chosen[1].player, 1);
+    EXPECT_TRUE(chosen[1].remote);
+    EXPECT_TRUE(chosen[1].name.isEmpty());
+    EXPECT_TRUE(chosen[1].character.isEmpty());
+    EXPECT_FALSE(chosen[1].seat);
+    EXPECT_EQ(done, 1);
+    // Ticked off again, the seat is a person's who must type a name.
+    p->back();
+    QTest::keyClicks(p->nameBox, QStringLiteral("Ann"));
+    p->next();
+    p->networkBox->setChecked(false);
+    EXPECT_TRUE(p->nameBox->isEnabled());
+    p->next();
+    EXPECT_EQ(messages, QStringList{"Enter a player name"});
+}
+
+TEST_F(NetworkScreens, TheJoinerChoosesOnceForHisSeat) {
+    auto p = Players();
+    p->begin(4, {}, {true, true, true, true});
+    p->beginJoiner(2, {"Classic Grumbo", "Robo Grumbo"});
+    EXPECT_EQ(p->windowTitle(), "Player 3");
+    EXPECT_FALSE(p->networkBox->isVisibleTo(p.get()));
+    EXPECT_FALSE(p->networkBox->isChecked());
+    EXPECT_TRUE(p->nameBox->isEnabled());
+    EXPECT_EQ(p->characterBox->text(), "Rapper Grumbo") << "the first character nobody wears";
+    QTest::keyClicks(p->nameBox, QStringLiteral("Dee"));
+    p->next();
+    ASSERT_EQ(chosen.size(), 1u);
+    EXPECT_EQ(chosen[0].player, 2);
+    EXPECT_EQ(chosen[0].name, "Dee");
+    EXPECT_EQ(chosen[0].character, "Rapper Grumbo");
+    EXPECT_FALSE(chosen[0].remote);
+    EXPECT_FALSE(chosen[0].seat);
+    EXPECT_EQ(done, 1) << "one pass is the whole of it";
+    // His own computer may play his seat; what nobody wears is kept as it is.
+    auto q = Players();
+    q->beginJoiner(1, {"Rapper Grumbo"});
+    EXPECT_EQ(q->characterBox->text(), "Classic Grumbo");
+    q->computerBox->setChecked(true);
+    q->skillBox->setCurrentIndex(0);
+    q->next();
+    ASSERT_EQ(chosen.size(), 2u);
+    EXPECT_TRUE(messages.isEmpty());
+    EXPECT_EQ(chosen[1].name, "Computer 2");
+    EXPECT_EQ(chosen[1].seat, game::Skill::Easy);
+    EXPECT_EQ(done, 2);
+    q->back();
+    EXPECT_EQ(backs, 1);
+    EXPECT_EQ(q->windowTitle(), "Player 2");
+}
+
+TEST_F(NetworkScreens, TheJoinDialogWantsBothFieldsAndShowsWhyATryFailed) {
+    screens::JoinDialog d;
+    QStringList joined;
+    int cancels = 0;
+    d.onJoin = [&](const QString& a, const QString& c) { joined << a + QLatin1Char('|') + c; };
+    d.onCancel = [&] { ++cancels; };
+    d.codeBox->setText(QStringLiteral("K7Q2"));
+    Click(&d, "Join");
+    d.addressBox->setText(QStringLiteral("  "));
+    d.join();
+    d.addressBox->setText(QStringLiteral(" 10.0.0.7:4770 "));
+    d.codeBox->clear();
+    d.join();
+    EXPECT_TRUE(joined.isEmpty());
+    EXPECT_EQ(messages, QStringList({"Enter the host's address", "Enter the host's address",
+                                     "Enter the join code"}));
+    d.showError(QStringLiteral("Wrong code"));
+    EXPECT_EQ(d.error(), "Wrong code");
+    QTest::keyClicks(d.codeBox, QStringLiteral("K7Q2\r"));
+    EXPECT_EQ(joined, QStringList{"10.0.0.7:4770|K7Q2"});
+    EXPECT_TRUE(d.error().isEmpty()) << "the old failure is not the new try's";
+    EXPECT_EQ(cancels, 0);
+    Click(&d, "Cancel");
+    d.show();
+    d.close();
+    EXPECT_EQ(cancels, 2);
+}
+
+TEST_F(NetworkScreens, TheWaitingBoxShowsItsLinesInOrderAndHasRoomForThem) {
+    screens::WaitingBox host;
+    int cancels = 0;
+    host.onCancel = [&] { ++cancels; };
+    host.setAddress({"192.168.1.5", "fe80::1"}, 4770);
+    host.setCode(QStringLiteral("K7Q2"));
+    host.setSeat(3, QStringLiteral("waiting..."));
+    host.setSeat(1, QStringLiteral("waiting..."));
+    const int before = host.height();
+    host.setSeat(1, QStringLiteral("Bob, Rapper Grumbo"));
+    EXPECT_EQ(host.height(), before) << "a seat's line is replaced, not added";
+    EXPECT_EQ(host.lines(),
+              QStringList({"Give the other players this address and code",
+                           "Address: 192.168.1.5:4770", "Address: [fe80::1]:4770", "Code: K7Q2",
+                           "Player 2: Bob, Rapper Grumbo", "Player 4: waiting..."}));
+    host.show();
+    host.close();
+    EXPECT_EQ(cancels, 1);
+
+    screens::WaitingBox joiner;
+    joiner.setMessage(QStringLiteral("Waiting for the host to start the match..."));
+    game::MatchSettings s;
+    s.gravity = 7.5;
+    s.gameType = game::GameType::TwoVsTwo;
+    s.timeOfDay = game::TimeOfDay::Night;
+    s.fragLimit = 5;
+    s.windExtremity = 0;
+    s.buildingHeight = 12;
+    s.windGusts = false;
+    s.music = true;
+    joiner.setSettings(s);
+    EXPECT_EQ(
+        joiner.lines(),
+        QStringList({"Waiting for the host to start the match...", "Gravity Level: 7.5",
+                     "Game Type: 2 vs 2", "Time of Day: Night", "Frag Limit: 5",
+                     "Wind Extremity: 0", "Building Height: 12", "Wind Gusts: Off", "Music: On"}));
+    // Every line stands above the button, and the button inside the box.
+    for (const QLabel* l : joiner.findChildren<QLabel*>()) {
+        if (l->isHidden()) continue;
+        EXPECT_LE(l->geometry().bottom(), joiner.cancelButton->y());
+    }
+    EXPECT_LE(joiner.cancelButton->geometry().bottom(), joiner.height());
+    s.gravity = 20;
+    s.gameType = game::GameType::OneVsOne;
+    s.timeOfDay = game::TimeOfDay::Day;
+    s.windGusts = true;
+    s.music = false;
+    joiner.setSettings(s);
+    const QStringList lines = joiner.lines();
+    EXPECT_EQ(lines.mid(1, 3),
+              QStringList({"Gravity Level: 20", "Game Type: 1 vs 1", "Time of Day: Day"}));
+    EXPECT_EQ(lines.mid(7), QStringList({"Wind Gusts: On", "Music: Off"}));
+}
+
+TEST_F(NetworkScreens, TheTitleOpensTheJoinDialog) {
+    app::ScreenFlow& f = StartProgram();
+    int joins = 0;
+    f.title()->onJoin = [&] { ++joins; };
+    Click(f.title(), "Join...");
+    EXPECT_EQ(joins, 1);
+}
+
+}  // namespace
