@@ -1,6 +1,7 @@
 // The screen flow of matches with other computers: the host's lobby, which waits until every
 // network seat is taken, and the joiner's way from the address and code to his player page, the
 // wait for the host and the match.
+#include <QCheckBox>
 #include <QHostAddress>
 #include <QNetworkInterface>
 #include <QRandomGenerator>
