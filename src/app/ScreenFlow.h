@@ -114,6 +114,8 @@ private:
     const std::array<screens::Seat, 4> presetSeats_;
     std::array<screens::Seat, 4> seats_;
     std::array<bool, 4> remote_{};
+    // The network seats whose joiners have chosen their name and character.
+    std::array<bool, 4> chosen_{};
     game::Carry carry_;
     std::unique_ptr<net::Host> host_;
     std::unique_ptr<net::Guest> guest_;

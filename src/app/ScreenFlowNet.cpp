@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "app/ScreenFlow.h"
+#include "game/Characters.h"
 #include "net/JoinCode.h"
 #include "ui/MessageBox.h"
 
@@ -35,9 +36,10 @@ QStringList ownAddresses() {
     return found;
 }
 
-QString seatLine(int seat, const game::SeatRecord& s) {
-    const QString who = s.character.isEmpty() ? QStringLiteral("waiting...")
-                                              : s.name + QStringLiteral(", ") + s.character;
+QString seatLine(int seat, const game::SeatRecord& s, bool taken, bool chosen) {
+    QString who = QStringLiteral("waiting...");
+    if (chosen) who = s.name + QStringLiteral(", ") + s.character;
+    else if (taken) who = QStringLiteral("joined, choosing...");
     return QStringLiteral("Player %1: %2").arg(seat + 1).arg(who);
 }
 }  // namespace
@@ -60,7 +62,11 @@ void ScreenFlow::openLobby() {
     for (int i = 0; i < settings_.players(); ++i) {
         const auto k = static_cast<std::size_t>(i);
         lobby.remote[k] = remote_[k];
-        if (remote_[k]) lobby.setup.seats[k] = {};
+        // Until its joiner chooses, a seat holds what any record may: a name and a character.
+        if (remote_[k])
+            lobby.setup.seats[k] = {QStringLiteral("Player %1").arg(i + 1),
+                                    QLatin1String(game::kKnownCharacters[0].name), {}};
+        chosen_[k] = false;
     }
     host_ = std::make_unique<net::Host>(services_.version, services_.dataDigest);
     QRandomGenerator random = QRandomGenerator::securelySeeded();
@@ -72,7 +78,10 @@ void ScreenFlow::openLobby() {
         return;
     }
     QObject::connect(host_.get(), &net::Host::joined, host_.get(), [this] { lobbyChanged(); });
-    QObject::connect(host_.get(), &net::Host::seatChosen, host_.get(), [this] { lobbyChanged(); });
+    QObject::connect(host_.get(), &net::Host::seatChosen, host_.get(), [this](int seat) {
+        chosen_[static_cast<std::size_t>(seat)] = true;
+        lobbyChanged();
+    });
     QObject::connect(host_.get(), &net::Host::left, host_.get(),
                      [this](int seat, const QString& name, const QString& why) {
                          joinerLeft(seat, name, why);
@@ -92,8 +101,9 @@ void ScreenFlow::lobbyChanged() {
     for (int i = 0; i < settings_.players(); ++i) {
         const auto k = static_cast<std::size_t>(i);
         if (!lobby.remote[k]) continue;
-        waiting_->setSeat(i, seatLine(i, lobby.setup.seats[k]));
-        ready = ready && host_->taken(i) && !lobby.setup.seats[k].character.isEmpty();
+        if (!host_->taken(i)) chosen_[k] = false;
+        waiting_->setSeat(i, seatLine(i, lobby.setup.seats[k], host_->taken(i), chosen_[k]));
+        ready = ready && chosen_[k];
     }
     if (!ready || !host_->start()) return;
     dismissNow(waiting_);
@@ -151,8 +161,9 @@ void ScreenFlow::welcomed(int seat, const net::Lobby& lobby) {
     joinSeat_ = seat;
     dismissNow(waiting_);
     QStringList worn;
-    for (const game::SeatRecord& s : lobby.setup.seats)
-        if (!s.character.isEmpty()) worn << s.character;
+    for (std::size_t k = 0; k < lobby.setup.seats.size(); ++k)
+        if (!lobby.remote[k] && !lobby.setup.seats[k].character.isEmpty())
+            worn << lobby.setup.seats[k].character;
     showPlayers();
     players_->beginJoiner(seat, worn);
     // The joiner's --computer ticks his own page's box.

@@ -209,8 +209,9 @@ void Host::onMessage(Peer& peer, const Message& message) {
         game::SeatRecord& seat = lobby_.setup.seats[static_cast<std::size_t>(peer.seat)];
         peer.name = seat.name = choice->name;
         seat.character = choice->character;
-        emit seatChosen(peer.seat, seat.name, seat.character);
+        // Everyone hears of the choice before whatever it sets off here, the start included.
         sendLobby();
+        emit seatChosen(peer.seat, seat.name, seat.character);
     } else if (const auto* c = std::get_if<CommandMessage>(&message)) {
         if (!seated) return outOfOrder("before hello");
         if (!started_) return outOfOrder("before the start");
@@ -253,8 +254,8 @@ void Host::greet(Peer& peer, const Hello& hello) {
     peer.seat = seat;
     peer.name = lobby_.setup.seats[static_cast<std::size_t>(seat)].name = hello.name;
     peer.link->setLargest(kLargestMessage);
-    emit joined(seat, peer.name);
     sendLobby();
+    emit joined(seat, peer.name);
 }
 
 void Host::takeDigest(Peer& peer, const Digest& digest) {

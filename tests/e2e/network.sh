@@ -47,16 +47,16 @@ host_lobby() {  # host_lobby ARGS...: the host's program up to its waiting box
     click "$WIN" 50 168  # frag limit 1
     click "$WIN" 286 162  # Next
     wait_own "$PID_host" "Player 1"
-    press "$WIN" Return
+    click "$WIN" 151 213  # Next: the computer's seat
     wait_own "$PID_host" "Player 2"
-    press "$WIN" Return
+    click "$WIN" 151 213  # Next: the seat left to the network
     wait_own "$PID_host" "Grumbo 2 - Kravenmoor"
 }
 
 joiner_in() {  # joiner_in CODE: the joiner's program through its player page
     start_as joiner --join "127.0.0.1:$PORT" --code "$1" --computer 1
     wait_own "$PID_joiner" "Player 2" 15
-    press "$WIN" Return
+    click "$WIN" 151 213  # Next
 }
 
 # --- a whole match ---
