@@ -132,7 +132,6 @@ TEST_F(NetworkScreens, TheJoinDialogWantsBothFieldsAndShowsWhyATryFailed) {
     QTest::keyClicks(d.codeBox, QStringLiteral("K7Q2\r"));
     EXPECT_EQ(joined, QStringList{"10.0.0.7:4770|K7Q2"});
     EXPECT_TRUE(d.error().isEmpty()) << "the old failure is not the new try's";
-    EXPECT_EQ(cancels, 0);
     Click(&d, "Cancel");
     d.show();
     d.close();
@@ -160,16 +159,14 @@ TEST_F(NetworkScreens, TheWaitingBoxShowsItsLinesInOrderAndHasRoomForThem) {
 
     screens::WaitingBox joiner;
     joiner.setMessage(QStringLiteral("Waiting for the host to start the match..."));
-    game::MatchSettings s;
-    s.gravity = 7.5;
-    s.gameType = game::GameType::TwoVsTwo;
-    s.timeOfDay = game::TimeOfDay::Night;
-    s.fragLimit = 5;
-    s.windExtremity = 0;
-    s.buildingHeight = 12;
-    s.windGusts = false;
-    s.music = true;
-    joiner.setSettings(s);
+    joiner.setSettings({.gravity = 7.5,
+                        .gameType = game::GameType::TwoVsTwo,
+                        .timeOfDay = game::TimeOfDay::Night,
+                        .fragLimit = 5,
+                        .windExtremity = 0,
+                        .buildingHeight = 12,
+                        .windGusts = false,
+                        .music = true});
     EXPECT_EQ(
         joiner.lines(),
         QStringList({"Waiting for the host to start the match...", "Gravity Level: 7.5",
@@ -181,12 +178,7 @@ TEST_F(NetworkScreens, TheWaitingBoxShowsItsLinesInOrderAndHasRoomForThem) {
         EXPECT_LE(l->geometry().bottom(), joiner.cancelButton->y());
     }
     EXPECT_LE(joiner.cancelButton->geometry().bottom(), joiner.height());
-    s.gravity = 20;
-    s.gameType = game::GameType::OneVsOne;
-    s.timeOfDay = game::TimeOfDay::Day;
-    s.windGusts = true;
-    s.music = false;
-    joiner.setSettings(s);
+    joiner.setSettings({.gravity = 20, .timeOfDay = game::TimeOfDay::Day, .music = false});
     const QStringList lines = joiner.lines();
     EXPECT_EQ(lines.mid(1, 3),
               QStringList({"Gravity Level: 20", "Game Type: 1 vs 1", "Time of Day: Day"}));
