@@ -87,9 +87,9 @@ TEST(CommandLine, HostingAndJoiningTakeTheirSeatsPortAndCode) {
     EXPECT_FALSE(join.status) << join.err;
     EXPECT_EQ(std::pair(join.options.join, join.options.code),
               std::pair(std::optional<QString>("10.0.0.2:5000"), std::optional<QString>("apple")));
-    for (const char* bad : {"--remote 2 --computer 2", "--remote 5", "--port 0", "--port 65536",
-                            "--join host", "--join host --code x --remote 2",
-                            "--join host --code x --replay f.txt"})
+    for (const char* bad :
+         {"--remote 2 --computer 2", "--remote 5", "--port 0", "--port 65536", "--join host",
+          "--join host --code x --remote 2", "--join host --code x --replay f.txt"})
         EXPECT_EQ(Parse(bad).status, 2) << bad;
 }
 

@@ -169,7 +169,8 @@ std::optional<int> parseCommandLine(int argc, char** argv, Options& options, std
             return refuse(err, "--join and --remote do not go together");
     }
     if (parser.isSet(QStringLiteral("replay"))) options.replay = value("replay");
-    if (options.replay && options.join) return refuse(err, "--join and --replay do not go together");
+    if (options.replay && options.join)
+        return refuse(err, "--join and --replay do not go together");
     options.check = parser.isSet(QStringLiteral("check"));
     if (options.check && !options.replay) return refuse(err, "--check goes with --replay FILE");
     options.record = !parser.isSet(QStringLiteral("no-record"));

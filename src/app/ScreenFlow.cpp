@@ -24,9 +24,8 @@ ScreenFlow::ScreenFlow(Services services, const std::array<screens::Seat, 4>& se
       remote_(services_.remote) {}
 
 ScreenFlow::~ScreenFlow() {
-    for (QWidget* w :
-         std::initializer_list<QWidget*>{box_, match_, credits_, players_, setup_, title_,
-                                        waiting_, joinDialog_})
+    for (QWidget* w : std::initializer_list<QWidget*>{box_, match_, credits_, players_, setup_,
+                                                      title_, waiting_, joinDialog_})
         delete w;
 }
 

@@ -30,17 +30,17 @@ void dismissNow(QPointer<Screen>& screen) {
 QStringList ownAddresses() {
     QStringList found;
     for (const QHostAddress& a : QNetworkInterface::allAddresses())
-        if (a.protocol() == QAbstractSocket::IPv4Protocol && !a.isLoopback())
-            found << a.toString();
+        if (a.protocol() == QAbstractSocket::IPv4Protocol && !a.isLoopback()) found << a.toString();
     found << QStringLiteral("127.0.0.1");
     return found;
 }
 
-QString seatLine(int seat, const game::SeatRecord& s, bool taken, bool chosen) {
+// What the waiting box says of a network seat, after its "Player N".
+QString seatLine(const game::SeatRecord& s, bool taken, bool chosen) {
     QString who = QStringLiteral("waiting...");
     if (chosen) who = s.name + QStringLiteral(", ") + s.character;
     else if (taken) who = QStringLiteral("joined, choosing...");
-    return QStringLiteral("Player %1: %2").arg(seat + 1).arg(who);
+    return who;
 }
 }  // namespace
 
@@ -65,7 +65,8 @@ void ScreenFlow::openLobby() {
         // Until its joiner chooses, a seat holds what any record may: a name and a character.
         if (remote_[k])
             lobby.setup.seats[k] = {QStringLiteral("Player %1").arg(i + 1),
-                                    QLatin1String(game::kKnownCharacters[0].name), {}};
+                                    QLatin1String(game::kKnownCharacters[0].name),
+                                    {}};
         chosen_[k] = false;
     }
     host_ = std::make_unique<net::Host>(services_.version, services_.dataDigest);
@@ -82,10 +83,9 @@ void ScreenFlow::openLobby() {
         chosen_[static_cast<std::size_t>(seat)] = true;
         lobbyChanged();
     });
-    QObject::connect(host_.get(), &net::Host::left, host_.get(),
-                     [this](int seat, const QString& name, const QString& why) {
-                         joinerLeft(seat, name, why);
-                     });
+    QObject::connect(
+        host_.get(), &net::Host::left, host_.get(),
+        [this](int seat, const QString& name, const QString& why) { joinerLeft(seat, name, why); });
     waiting_ = new screens::WaitingBox;
     waiting_->setAddress(ownAddresses(), host_->port());
     waiting_->setCode(code);
@@ -102,7 +102,7 @@ void ScreenFlow::lobbyChanged() {
         const auto k = static_cast<std::size_t>(i);
         if (!lobby.remote[k]) continue;
         if (!host_->taken(i)) chosen_[k] = false;
-        waiting_->setSeat(i, seatLine(i, lobby.setup.seats[k], host_->taken(i), chosen_[k]));
+        waiting_->setSeat(i, seatLine(lobby.setup.seats[k], host_->taken(i), chosen_[k]));
         ready = ready && chosen_[k];
     }
     if (!ready || !host_->start()) return;
@@ -205,13 +205,17 @@ void ScreenFlow::startNetworkMatch(const net::Lobby& lobby) {
 
 void ScreenFlow::joinerLeft(int seat, const QString& name, const QString& why) {
     if (!match_) return lobbyChanged();
+    // After the final board nothing is left to play.
+    if (match_->match().over()) return;
     // The match stands still on every machine; the computer plays the seat if it goes on, and
     // "Start Over" or "Quit" end it.
     match_->takeOver(seat);
     match_->pause();
-    ui::showMessage(QStringLiteral("%1 left the match (%2). The computer plays his seat if you "
-                                   "resume; Start Over or Quit end the match.")
-                        .arg(name.isEmpty() ? QStringLiteral("A player") : name, why),
+    const QString who = name.isEmpty() ? QStringLiteral("Player %1").arg(seat + 1) : name;
+    QString text = QStringLiteral("%1 left the match").arg(who);
+    if (!why.contains(QLatin1String("left the match"))) text += QStringLiteral(" (%1)").arg(why);
+    ui::showMessage(text + QStringLiteral(". The computer plays his seat if you resume; Start "
+                                          "Over or Quit end the match."),
                     kNetworkTitle);
 }
 

@@ -51,7 +51,8 @@ MatchNet::MatchNet(game::Match& match, computer::Autopilot& pilot, net::Guest& g
     });
     connect(&guest, &net::Guest::digestMismatch, this, [this](int) {
         if (onBroken)
-            onBroken(QStringLiteral("The match here went another way than on the host's computer."));
+            onBroken(
+                QStringLiteral("The match here went another way than on the host's computer."));
     });
 }
 
@@ -72,7 +73,9 @@ void MatchNet::send(game::Command command) {
                         command.kind == Kind::Choose || command.kind == Kind::Throw;
     if (local(current)) command.seat = current;
     else if (aiming) return;
-    else command.seat = static_cast<int>(std::find(local_.begin(), local_.end(), true) - local_.begin());
+    else
+        command.seat =
+            static_cast<int>(std::find(local_.begin(), local_.end(), true) - local_.begin());
     sendOut(command);
 }
 

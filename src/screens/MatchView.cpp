@@ -94,7 +94,8 @@ void MatchView::startNetwork(const std::array<bool, 4>& local) {
     strip_->setLocalSeats(local);
     // Later, not now: a command may arrive while the match is being stepped.
     net_->onArrived = [this] {
-        QMetaObject::invokeMethod(this, [this] { step(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { step(); }, Qt::QueuedConnection);
     };
     net_->onBroken = [this](const QString& why) {
         if (onNetworkBroken) onNetworkBroken(why);

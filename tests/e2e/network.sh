@@ -38,13 +38,15 @@ start_as() {  # start_as NAME ARGS...: PID_<NAME> is the process
     eval "PID_$name=$!"
 }
 
-host_lobby() {  # host_lobby ARGS...: the host's program up to its waiting box
-    start_as host --seed 7 --remote 2 --computer 1 --port "$PORT" --code "red apple" "$@"
+host_lobby() {  # host_lobby LIMIT: the host's program up to its waiting box; frag limit 1 or 3
+    start_as host --seed 7 --remote 2 --computer 1 --port "$PORT" --code "red apple"
     wait_own "$PID_host" "Grumbo 2 - Kravenmoor"
     click "$WIN" 286 162  # Start
     wait_own "$PID_host" "Setup"
-    click "$WIN" 50 168
-    click "$WIN" 50 168  # frag limit 1
+    if [ "$1" -eq 1 ]; then
+        click "$WIN" 50 168
+        click "$WIN" 50 168
+    fi
     click "$WIN" 286 162  # Next
     wait_own "$PID_host" "Player 1"
     click "$WIN" 151 213  # Next: the computer's seat
@@ -60,7 +62,7 @@ joiner_in() {  # joiner_in CODE: the joiner's program through its player page
 }
 
 # --- a whole match ---
-host_lobby
+host_lobby 1
 joiner_in "RED  apple"
 wait_own "$PID_host" "Game Over" 300
 for who in host joiner; do
@@ -72,15 +74,25 @@ for who in host joiner; do
 done
 differ=$(count_changed "$WORK/host.ppm" "$WORK/joiner.ppm" $FIELD)
 [ "$differ" -eq 0 ] || fail "the final boards differ in $differ pixels"
-for who in host joiner; do
+# Each machine keeps its record of the match, and both play again to the same board. The joiner
+# leaves first: the host would tell him it left.
+for who in joiner host; do
     pid=PID_$who
-    kill "${!pid}"
-    wait "${!pid}" 2>/dev/null
+    wait_own "${!pid}" "Game Over"
+    xdotool windowraise "$WIN"  # the two boxes stand in the same place
+    click "$WIN" 211 60  # Quit
+    for _ in $(seq 100); do kill -0 "${!pid}" 2>/dev/null || break; sleep 0.1; done
+    kill -0 "${!pid}" 2>/dev/null && fail "Quit did not end the $who's program"
+    record=$(ls "$WORK/$who"/grumbo2/replays/match-*.txt 2>/dev/null | head -n1)
+    [ -n "$record" ] || fail "the $who kept no record"
+    "$GAME" --replay "$record" --check >"$WORK/$who.board" 2>&1 || fail "$who: $(cat "$WORK/$who.board")"
 done
-echo "the same final board on both machines"
+cmp -s "$WORK/host.board" "$WORK/joiner.board" || fail "the records end otherwise: $(cat "$WORK"/*.board)"
+echo "the same final board on both machines, and in both records:"
+sed 's/^/    /' "$WORK/host.board"
 
-# --- faults ---
-host_lobby
+# --- faults, in matches long enough to be cut short ---
+host_lobby 3
 start_as joiner --join "127.0.0.1:$PORT" --code "green pear" --computer 1
 wait_own "$PID_joiner" "Network Match" 15
 echo "a wrong code: the joiner is told"
@@ -97,7 +109,7 @@ echo "the joiner killed: the host is told"
 kill "$PID_host"
 wait "$PID_host" 2>/dev/null
 
-host_lobby
+host_lobby 3
 joiner_in "red apple"
 wait_own "$PID_joiner" "$MATCH_TITLE" 60
 sleep 4
