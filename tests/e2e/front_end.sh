@@ -23,7 +23,7 @@ click "$setup" 286 162  # Next
 wait_window "Player 1"
 player=$WIN
 wait_gone "Setup"
-expect_size "$player" 240x255
+expect_size "$player" 240x275  # the Network row included
 click "$player" 151 213  # Next, with the name box empty: a message titled as the game
 wait_window "Grumbo 2 - Kravenmoor"
 press "$WIN" Return
