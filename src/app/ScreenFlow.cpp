@@ -4,18 +4,6 @@
 
 namespace app {
 
-namespace {
-// A screen that is done goes once the handler that ended it has returned.
-template <class Screen>
-void dismiss(QPointer<Screen>& screen) {
-    if (screen) {
-        screen->hide();
-        screen->deleteLater();
-    }
-    screen.clear();
-}
-}  // namespace
-
 ScreenFlow::ScreenFlow(Services services, const std::array<screens::Seat, 4>& seats)
     : services_(std::move(services)),
       pictures_(services_.data),

@@ -79,6 +79,15 @@ public:
     const game::MatchSettings& settings() const { return settings_; }
 
 private:
+    // A screen that is done goes once the handler that ended it has returned.
+    template <class Screen>
+    static void dismiss(QPointer<Screen>& screen) {
+        if (screen) {
+            screen->hide();
+            screen->deleteLater();
+        }
+        screen.clear();
+    }
     void showTitle();
     void showSetup();
     void showPlayers();

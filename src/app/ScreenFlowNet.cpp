@@ -17,15 +17,6 @@ namespace app {
 namespace {
 const QString kNetworkTitle = QStringLiteral("Network Match");
 
-template <class Screen>
-void dismissNow(QPointer<Screen>& screen) {
-    if (screen) {
-        screen->hide();
-        screen->deleteLater();
-    }
-    screen.clear();
-}
-
 // The addresses others may reach this machine at: its own network's first, this machine last.
 QStringList ownAddresses() {
     QStringList found;
@@ -106,12 +97,12 @@ void ScreenFlow::lobbyChanged() {
         ready = ready && chosen_[k];
     }
     if (!ready || !host_->start()) return;
-    dismissNow(waiting_);
+    dismiss(waiting_);
     startNetworkMatch(host_->lobby());
 }
 
 void ScreenFlow::closeLobby() {
-    dismissNow(waiting_);
+    dismiss(waiting_);
     leaveNetwork(QStringLiteral("the host cancelled the match"));
     showPlayers();
 }
@@ -120,11 +111,11 @@ void ScreenFlow::showJoinDialog() {
     if (joinDialog_) return joinDialog_->raise();
     joinDialog_ = new screens::JoinDialog;
     joinDialog_->onJoin = [this](const QString& address, const QString& code) {
-        dismissNow(joinDialog_);
-        dismissNow(title_);
+        dismiss(joinDialog_);
+        dismiss(title_);
         join(address, code);
     };
-    joinDialog_->onCancel = [this] { dismissNow(joinDialog_); };
+    joinDialog_->onCancel = [this] { dismiss(joinDialog_); };
     joinDialog_->showCentred();
 }
 
@@ -146,7 +137,7 @@ void ScreenFlow::join(const QString& address, const QString& code, screens::Seat
     waiting_ = new screens::WaitingBox;
     waiting_->setMessage(QStringLiteral("Joining %1...").arg(address));
     waiting_->onCancel = [this] {
-        dismissNow(waiting_);
+        dismiss(waiting_);
         leaveNetwork(QStringLiteral("the player cancelled"));
         showTitle();
     };
@@ -159,7 +150,7 @@ void ScreenFlow::welcomed(int seat, const net::Lobby& lobby) {
     if (waiting_) waiting_->setSettings(settings_);
     if (joinSeat_ >= 0) return;  // the lobby changed: someone else chose
     joinSeat_ = seat;
-    dismissNow(waiting_);
+    dismiss(waiting_);
     QStringList worn;
     for (std::size_t k = 0; k < lobby.setup.seats.size(); ++k)
         if (!lobby.remote[k] && !lobby.setup.seats[k].character.isEmpty())
@@ -175,7 +166,7 @@ void ScreenFlow::showLobby() {
     waiting_->setMessage(QStringLiteral("Waiting for the host to start the match..."));
     waiting_->setSettings(settings_);
     waiting_->onCancel = [this] {
-        dismissNow(waiting_);
+        dismiss(waiting_);
         leaveNetwork(QStringLiteral("the player cancelled"));
         showTitle();
     };
@@ -183,8 +174,8 @@ void ScreenFlow::showLobby() {
 }
 
 void ScreenFlow::startNetworkMatch(const net::Lobby& lobby) {
-    dismissNow(waiting_);
-    dismissNow(players_);
+    dismiss(waiting_);
+    dismiss(players_);
     game::MatchSetup setup = game::setupOf(lobby.setup);
     settings_ = setup.settings;
     for (int i = 0; i < settings_.players(); ++i) {
@@ -223,8 +214,8 @@ void ScreenFlow::networkEnded(const QString& why) {
     // Whatever stands goes: the lobby, the page, the match and its box; the title comes back.
     if (match_) leaveMatch();
     leaveNetwork(why);
-    dismissNow(waiting_);
-    dismissNow(players_);
+    dismiss(waiting_);
+    dismiss(players_);
     ui::showMessage(why, kNetworkTitle);
     if (!title_) showTitle();
 }
