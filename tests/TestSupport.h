@@ -3,6 +3,7 @@
 // messages caught instead of shown, and the screen flow of a whole program.
 #include <gtest/gtest.h>
 
+#include <QEvent>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <memory>
@@ -32,6 +33,15 @@ public:
         tunes << QStringLiteral("close ") + Relative(file);
     }
     QStringList effects, tunes;
+};
+
+// Counts the paint events of the widgets it is installed on.
+struct PaintCounter : QObject {
+    bool eventFilter(QObject*, QEvent* e) override {
+        paints += e->type() == QEvent::Paint;
+        return false;
+    }
+    int paints = 0;
 };
 
 // A WAV file of `frames` frames of PCM, every sample at `level`.

@@ -271,13 +271,7 @@ TEST_F(ScreensTest, APictureDrawnInPlaceIsPaintedOnTheScreenAgain) {
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     QCoreApplication::processEvents();
-    struct PaintCount : QObject {
-        int paints = 0;
-        bool eventFilter(QObject*, QEvent* e) override {
-            paints += e->type() == QEvent::Paint;
-            return false;
-        }
-    } count;
+    PaintCounter count;
     shown->installEventFilter(&count);
     shown->draw().setPixel(1, 1, core::kBlack);
     QCoreApplication::processEvents();
@@ -292,13 +286,7 @@ TEST_F(ScreensTest, TheFieldIsPaintedWhenTheMatchChangesAndNotWhileNothingMoves)
     clock.runUntil([&] { return m.phase() == game::Phase::Aiming; }, 5000);
     // The turn marker bobs and goes within two seconds; then the city stands still.
     clock.advance(2500);
-    struct PaintCount : QObject {
-        int paints = 0;
-        bool eventFilter(QObject*, QEvent* e) override {
-            paints += e->type() == QEvent::Paint;
-            return false;
-        }
-    } count;
+    PaintCounter count;
     view.field()->installEventFilter(&count);
     clock.advance(3000);
     EXPECT_EQ(count.paints, 0) << "a waiting match costs no painting";

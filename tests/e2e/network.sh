@@ -13,23 +13,6 @@ FIELD="722 466 0 0"
 PORT=$((20000 + RANDOM % 20000))
 MATCH_TITLE='.* - -?[0-9]+ pts'
 
-# Sets WIN to the visible window of process PID titled TITLE (a pattern), within SECONDS.
-wait_own() {  # wait_own PID TITLE [SECONDS]
-    local deadline=$(($(now_ms) + ${3:-10} * 1000)) w
-    WIN=
-    while [ "$(now_ms)" -lt "$deadline" ]; do
-        for w in $(xdotool search --onlyvisible --pid "$1" 2>/dev/null); do
-            if xdotool getwindowname "$w" 2>/dev/null | grep -qxE -- "$2"; then
-                WIN=$w
-                return 0
-            fi
-        done
-        kill -0 "$1" 2>/dev/null || fail "process $1 ended while waiting for \"$2\""
-        sleep 0.1
-    done
-    fail "no window \"$2\" of process $1 after ${3:-10} s; visible: $(xdotool search --onlyvisible --name . getwindowname %@ 2>/dev/null | tr '\n' '|')"
-}
-
 start_as() {  # start_as NAME ARGS...: PID_<NAME> is the process
     local name=$1
     shift
@@ -40,37 +23,39 @@ start_as() {  # start_as NAME ARGS...: PID_<NAME> is the process
 
 host_lobby() {  # host_lobby LIMIT: the host's program up to its waiting box; frag limit 1 or 3
     start_as host --seed 7 --remote 2 --computer 1 --port "$PORT" --code "red apple"
-    wait_own "$PID_host" "Grumbo 2 - Kravenmoor"
+    wait_window "Grumbo 2 - Kravenmoor" 10 "$PID_host"
     click "$WIN" 286 162  # Start
-    wait_own "$PID_host" "Setup"
+    wait_window "Setup" 10 "$PID_host"
     if [ "$1" -eq 1 ]; then
         click "$WIN" 50 168
         click "$WIN" 50 168
     fi
     click "$WIN" 286 162  # Next
-    wait_own "$PID_host" "Player 1"
+    wait_window "Player 1" 10 "$PID_host"
     click "$WIN" 151 213  # Next: the computer's seat
-    wait_own "$PID_host" "Player 2"
+    wait_window "Player 2" 10 "$PID_host"
     click "$WIN" 151 213  # Next: the seat left to the network
-    wait_own "$PID_host" "Grumbo 2 - Kravenmoor"
+    wait_window "Grumbo 2 - Kravenmoor" 10 "$PID_host"
 }
 
 joiner_in() {  # joiner_in CODE: the joiner's program through its player page
     start_as joiner --join "127.0.0.1:$PORT" --code "$1" --computer 1
-    wait_own "$PID_joiner" "Player 2" 15
+    wait_window "Player 2" 15 "$PID_joiner"
     click "$WIN" 151 213  # Next
 }
 
 # --- a whole match ---
 host_lobby 1
 joiner_in "RED  apple"
-wait_own "$PID_host" "Game Over" 300
+wait_window "Game Over" 300 "$PID_host"
 for who in host joiner; do
     pid=PID_$who
-    wait_own "${!pid}" "Game Over" 60
-    match=$(xdotool search --onlyvisible --pid "${!pid}" --name ' pts$' | head -n1)
-    [ -n "$match" ] || fail "no match window of the $who"
-    shot "$match" "$WORK/$who.ppm"
+    wait_window "Game Over" 60 "${!pid}"
+    wait_window "$MATCH_TITLE" 1 "${!pid}"
+    # The two match windows stand in the same place: the one shot must be on top and drawn.
+    xdotool windowraise "$WIN"
+    sleep 1
+    shot "$WIN" "$WORK/$who.ppm"
 done
 differ=$(count_changed "$WORK/host.ppm" "$WORK/joiner.ppm" $FIELD)
 [ "$differ" -eq 0 ] || fail "the final boards differ in $differ pixels"
@@ -78,7 +63,7 @@ differ=$(count_changed "$WORK/host.ppm" "$WORK/joiner.ppm" $FIELD)
 # leaves first: the host would tell him it left.
 for who in joiner host; do
     pid=PID_$who
-    wait_own "${!pid}" "Game Over"
+    wait_window "Game Over" 10 "${!pid}"
     xdotool windowraise "$WIN"  # the two boxes stand in the same place
     click "$WIN" 211 60  # Quit
     for _ in $(seq 100); do kill -0 "${!pid}" 2>/dev/null || break; sleep 0.1; done
@@ -94,27 +79,27 @@ sed 's/^/    /' "$WORK/host.board"
 # --- faults, in matches long enough to be cut short ---
 host_lobby 3
 start_as joiner --join "127.0.0.1:$PORT" --code "green pear" --computer 1
-wait_own "$PID_joiner" "Network Match" 15
+wait_window "Network Match" 15 "$PID_joiner"
 echo "a wrong code: the joiner is told"
 kill "$PID_joiner"
 head -c 3000 /dev/urandom >"/dev/tcp/127.0.0.1/$PORT" 2>/dev/null
 printf '\x06\x00\x00\x00' | cat - <(head -c 1000000 /dev/zero) >"/dev/tcp/127.0.0.1/$PORT" 2>/dev/null
 kill -0 "$PID_host" || fail "the host fell to garbage"
 joiner_in "red apple"
-wait_own "$PID_host" "$MATCH_TITLE" 60
+wait_window "$MATCH_TITLE" 60 "$PID_host"
 sleep 6
 kill -9 "$PID_joiner"
-wait_own "$PID_host" "Network Match" 40
+wait_window "Network Match" 40 "$PID_host"
 echo "the joiner killed: the host is told"
 kill "$PID_host"
 wait "$PID_host" 2>/dev/null
 
 host_lobby 3
 joiner_in "red apple"
-wait_own "$PID_joiner" "$MATCH_TITLE" 60
+wait_window "$MATCH_TITLE" 60 "$PID_joiner"
 sleep 4
 kill -9 "$PID_host"
-wait_own "$PID_joiner" "Network Match" 40
+wait_window "Network Match" 40 "$PID_joiner"
 echo "the host killed: the joiner is told"
 kill "$PID_joiner"
 echo "PASS: a networked match to the same final board, and its faults"

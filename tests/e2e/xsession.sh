@@ -53,14 +53,15 @@ wait_end() {  # wait_end WHAT
     GAME_PID=
 }
 
-# Sets WIN to the visible window titled exactly TITLE once it shows (at most SECONDS).
-wait_window() {  # wait_window TITLE [SECONDS]
-    local deadline=$(($(now_ms) + ${2:-10} * 1000))
+# Sets WIN to the visible window whose whole title matches the pattern TITLE once it shows (at
+# most SECONDS); with PID, only a window of that process, which must not end meanwhile.
+wait_window() {  # wait_window TITLE [SECONDS] [PID]
+    local deadline=$(($(now_ms) + ${2:-10} * 1000)) pid=${3:-$GAME_PID}
     WIN=
     while [ "$(now_ms)" -lt "$deadline" ]; do
-        WIN=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n1)
+        WIN=$(xdotool search --all --onlyvisible ${3:+--pid "$3"} --name "^$1\$" 2>/dev/null | head -n1)
         [ -n "$WIN" ] && return 0
-        kill -0 "$GAME_PID" 2>/dev/null || fail "the game ended while waiting for \"$1\""
+        kill -0 "$pid" 2>/dev/null || fail "process $pid ended while waiting for \"$1\""
         sleep 0.1
     done
     fail "no window \"$1\" after ${2:-10} s; visible: $(xdotool search --onlyvisible --name . getwindowname %@ 2>/dev/null | tr '\n' '|')"
