@@ -91,7 +91,7 @@ void BM_CommandToTheOtherMachine(benchmark::State& state) {
 BENCHMARK(BM_CommandToTheOtherMachine)->Iterations(1000)->Unit(benchmark::kMillisecond);
 
 // What the host sends a joiner for a whole match of two computers at frag limit 3: every
-// command, a tick every tick interval, a digest a turn.
+// command, the ticks its pace calls for, a digest a turn.
 void BM_BytesOfAMatch(benchmark::State& state) {
     game::MatchSetup setup;
     setup.seed = 7;
@@ -108,9 +108,16 @@ void BM_BytesOfAMatch(benchmark::State& state) {
         game::Match m(setup);
         computer::Autopilot pilot(7);
         m.setPilot(&pilot);
-        int turns = 0, since = -1;
+        int turns = 0, since = -1, lastTick = 0;
+        qint64 ticks = 0;
         while (!m.gameOverShown() && m.clock() < 3600000) {
             m.advance(net::Host::kTickMs);
+            // Player 2 plays on the joiner's machine.
+            const net::Pace pace = net::paceOf(m, {false, true, false, false});
+            if (const std::optional<int> at = net::tickDue(pace, m.clock(), lastTick)) {
+                lastTick = *at;
+                ++ticks;
+            }
             if (m.phase() == game::Phase::Aiming && m.aimingSince() != since) {
                 since = m.aimingSince();
                 ++turns;
@@ -119,7 +126,6 @@ void BM_BytesOfAMatch(benchmark::State& state) {
         qint64 bytes = 0;
         for (const game::Command& c : m.commands())
             bytes += net::frame(net::CommandMessage{c}).size();
-        const qint64 ticks = m.clock() / net::Host::kTickMs;
         bytes += ticks * net::frame(net::Tick{m.clock()}).size();
         bytes += turns * net::frame(net::Digest{m.clock(), ~0ull}).size();
         state.counters["bytes"] = static_cast<double>(bytes);

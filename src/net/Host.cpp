@@ -127,7 +127,9 @@ void Host::relay(game::Command command) {
 }
 
 void Host::sendTick() {
-    const int at = std::max(now(), lastStamp_);
+    const std::optional<int> due = tickDue(pace_, now(), lastTick_);
+    if (!due) return;
+    const int at = std::max(*due, lastStamp_);
     if (at <= lastTick_) return;
     lastTick_ = at;
     for (const auto& p : peers_)

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "net/Link.h"
+#include "net/Pace.h"
 #include "net/Protocol.h"
 #include "ui/Timer.h"
 
@@ -19,8 +20,8 @@ namespace net {
 class Host : public QObject {
     Q_OBJECT
 public:
-    // How often joiners hear how far the host's match has run.
-    static constexpr int kTickMs = 50;
+    // How often the host looks whether joiners should hear how far its match has run.
+    static constexpr int kTickMs = Ticking::kEveryMs;
     // A joiner whose machine says nothing this long in his seat's turn is taken for gone.
     static constexpr int kSilentTurnMs = 30'000;
     // A connection that has not said hello by then is closed.
@@ -50,6 +51,8 @@ public:
     void setMatchClock(std::function<int()> clock) { clock_ = std::move(clock); }
     // Whose turn it is (-1: nobody's); a joiner silent through his turn is sent away.
     void setTurn(int seat);
+    // What the match is doing, which sets how far ahead and how often joiners are told.
+    void setPace(Pace pace) { pace_ = pace; }
     // A command from this machine, for a seat no joiner plays: stamped, sent to every joiner
     // and given back through command(). False for a joiner's seat or before the start.
     bool send(game::Command command);
@@ -112,6 +115,7 @@ private:
     int turn_ = -1;
     int lastStamp_ = 0;
     int lastTick_ = 0;
+    Pace pace_ = Pace::Aiming;
     ui::Timer ticks_;
     ui::Timer silence_;
     ui::Timer greetings_;

@@ -32,7 +32,7 @@ MatchNet::MatchNet(game::Match& match, computer::Autopilot& pilot, net::Host& ho
                    const std::array<bool, 4>& local)
     : match_(match), pilot_(pilot), host_(&host), local_(local) {
     host.setMatchClock([this] { return match_.clock(); });
-    connect(&host, &net::Host::command, this, [this](const game::Command& c) { apply(c); });
+    connect(&host, &net::Host::command, this, [this](const game::Command& c) { arrive(c); });
     connect(&host, &net::Host::digestMismatch, this, [this](int seat, int) {
         if (onBroken)
             onBroken(QStringLiteral("The match on %1's computer went another way than here.")
@@ -44,9 +44,9 @@ MatchNet::MatchNet(game::Match& match, computer::Autopilot& pilot, net::Guest& g
     : match_(match), pilot_(pilot), guest_(&guest) {
     local_[static_cast<std::size_t>(seat)] = true;
     guest.setMatchClock([this] { return match_.clock(); });
-    connect(&guest, &net::Guest::command, this, [this](const game::Command& c) { apply(c); });
+    connect(&guest, &net::Guest::command, this, [this](const game::Command& c) { arrive(c); });
     connect(&guest, &net::Guest::tick, this, [this](int at) {
-        tick_ = std::max(tick_, at);
+        allowed_ = std::max(allowed_, at);
         if (onArrived) onArrived();
     });
     connect(&guest, &net::Guest::digestMismatch, this, [this](int) {
@@ -56,14 +56,30 @@ MatchNet::MatchNet(game::Match& match, computer::Autopilot& pilot, net::Guest& g
     });
 }
 
-void MatchNet::apply(const game::Command& stamped) {
-    // The host sends nothing earlier than the time it let a joiner run to; a command the match
-    // refuses means the machines no longer play the same match.
-    if (!match_.apply(stamped)) {
-        if (onBroken) onBroken(QStringLiteral("A move arrived that this match cannot take."));
-        return;
-    }
+void MatchNet::arrive(const game::Command& stamped) {
+    due_.push_back(stamped);
+    // The host sends nothing earlier than a command it sent: a joiner may run up to it.
+    allowed_ = std::max(allowed_, stamped.at);
     if (onArrived) onArrived();
+}
+
+void MatchNet::runTo(int target) {
+    if (guest_) {
+        // Never past what the host allowed, nor further behind it than the host's lead, so that
+        // a joiner slowed down for a moment catches up.
+        target = std::clamp(target, allowed_ - net::Ticking::kLeadMs, allowed_);
+    }
+    while (!due_.empty() && due_.front().at <= target) {
+        // A command the match refuses means the machines no longer play the same match.
+        if (!match_.apply(due_.front())) {
+            due_.clear();
+            if (onBroken) onBroken(QStringLiteral("A move arrived that this match cannot take."));
+            return;
+        }
+        due_.pop_front();
+    }
+    if (target > match_.clock()) match_.advance(target - match_.clock());
+    afterStep();
 }
 
 void MatchNet::send(game::Command command) {
@@ -89,11 +105,6 @@ void MatchNet::takeOver(int seat) {
     if (host_) host_->takeOver(seat);
 }
 
-std::optional<int> MatchNet::runsUntil() const {
-    if (host_) return std::nullopt;
-    return tick_;
-}
-
 void MatchNet::afterStep() {
     // This machine's computer seats play through the host like its people.
     for (int guard = 0; guard < 16; ++guard) {
@@ -102,7 +113,12 @@ void MatchNet::afterStep() {
         for (const game::Command& c : pilot_.act(match_)) sendOut(c);
     }
     const bool aiming = match_.phase() == game::Phase::Aiming && match_.inputOpen();
-    if (host_) host_->setTurn(aiming ? match_.currentPlayer() : -1);
+    if (host_) {
+        host_->setTurn(aiming ? match_.currentPlayer() : -1);
+        std::array<bool, 4> remote{};
+        for (int s = 0; s < 4; ++s) remote[std::size_t(s)] = !local(s);
+        host_->setPace(net::paceOf(match_, remote));
+    }
     if (aiming && match_.aimingSince() != digestAt_) {
         digestAt_ = match_.aimingSince();
         const std::uint64_t digest = matchDigest(match_);

@@ -8,6 +8,7 @@
 #include <QString>
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <optional>
 
@@ -37,11 +38,10 @@ public:
     // Sends what this machine's keyboard or mouse did, for the seat it plays that is on turn
     // (keys for its first seat otherwise); aiming for another machine's seat is dropped.
     void send(game::Command command);
-    // The match time a joiner's match may run to; none on the host, which runs freely.
-    std::optional<int> runsUntil() const;
-    // After every step of the match: this machine's computer acts, and a new turn's digest goes
-    // out.
-    void afterStep();
+    // Runs the match towards match time `target`, taking the commands that fall due on the way;
+    // a joiner's match goes no further than the host has let it. Then this machine's computer
+    // acts, and a new turn's digest goes out.
+    void runTo(int target);
     // This machine plays `seat` from now on, its player's machine having gone.
     void takeOver(int seat);
 
@@ -51,7 +51,8 @@ public:
     std::function<void(const QString& why)> onBroken;
 
 private:
-    void apply(const game::Command& stamped);
+    void arrive(const game::Command& stamped);
+    void afterStep();
     void sendOut(const game::Command& command);
 
     game::Match& match_;
@@ -59,7 +60,10 @@ private:
     net::Host* host_ = nullptr;
     net::Guest* guest_ = nullptr;
     std::array<bool, 4> local_{};
-    int tick_ = 0;
+    // Commands stamped for a match time this match has not reached yet, in their order.
+    std::deque<game::Command> due_;
+    // How far the host has let a joiner's match run.
+    int allowed_ = 0;
     int digestAt_ = -1;
 };
 

@@ -128,11 +128,8 @@ void MatchView::catchUp() {
     const std::int32_t now = ui::clock().tickCount();
     const int elapsed = ui::ticksSince(lastTick_, now);
     if (net_) {
-        // A joiner's match runs as far as the host has let it; the host's runs freely.
-        const std::optional<int> until = net_->runsUntil();
-        match_.advance(until ? std::max(0, *until - match_.clock()) : elapsed);
+        net_->runTo(match_.clock() + elapsed);
         lastTick_ = now;
-        net_->afterStep();
         return;
     }
     if (!replay_) match_.advance(elapsed);
