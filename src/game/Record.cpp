@@ -37,26 +37,11 @@ const char* nameOf(Command::Kind kind) {
     return "?";
 }
 
-QByteArray commandLine(const Command& c) {
-    QByteArray line =
-        QByteArray::number(c.at) + ' ' + QByteArray::number(c.seat + 1) + ' ' + nameOf(c.kind);
-    switch (c.kind) {
-        case Command::Kind::Angle:
-        case Command::Kind::Velocity:
-            if (!c.text.isEmpty()) line += ' ' + c.text.toUtf8();
-            break;
-        case Command::Kind::Choose: line += ' ' + QByteArray(kKindNames[c.value]); break;
-        case Command::Kind::KeyDown:
-        case Command::Kind::KeyUp: line += ' ' + QByteArray::number(c.value); break;
-        default: break;
-    }
-    return line;
-}
-
 // The lines of a record, read one after the other; the first fault ends the reading.
 class Reader {
 public:
-    explicit Reader(const QString& text) : lines_(text.split(QLatin1Char('\n'))) {
+    explicit Reader(const QString& text, bool numbered = true)
+        : lines_(text.split(QLatin1Char('\n'))), numbered_(numbered) {
         // A last line break leaves an empty line behind it.
         if (!lines_.isEmpty() && lines_.back().isEmpty()) lines_.removeLast();
     }
@@ -66,7 +51,8 @@ public:
     const QString& peek() const { return lines_[at_]; }
 
     void fail(const QString& why) {
-        if (error_.isEmpty()) error_ = QStringLiteral("line %1: %2").arg(at_ + 1).arg(why);
+        if (error_.isEmpty())
+            error_ = numbered_ ? QStringLiteral("line %1: %2").arg(at_ + 1).arg(why) : why;
     }
     // The rest of the next line after `key` and a space (empty for the key alone).
     QString value(const char* key) {
@@ -114,6 +100,7 @@ public:
 
 private:
     QStringList lines_;
+    bool numbered_;
     qsizetype at_ = 0;
     QString error_;
 };
@@ -179,20 +166,48 @@ void readSeat(Reader& in, int player, SeatRecord& seat) {
 }
 
 std::optional<Command> readCommand(Reader& in, int players, int after) {
-    const QString line = in.peek();
+    QString why;
+    const std::optional<Command> c = game::readCommand(in.peek(), players, &why);
+    if (!c) return in.fail(why), std::nullopt;
+    if (c->at < after) return in.fail(QStringLiteral("a command out of order")), std::nullopt;
+    in.skip();
+    return c;
+}
+
+}  // namespace
+
+QByteArray commandText(const Command& c) {
+    QByteArray line =
+        QByteArray::number(c.at) + ' ' + QByteArray::number(c.seat + 1) + ' ' + nameOf(c.kind);
+    switch (c.kind) {
+        case Command::Kind::Angle:
+        case Command::Kind::Velocity:
+            if (!c.text.isEmpty()) line += ' ' + c.text.toUtf8();
+            break;
+        case Command::Kind::Choose:
+            if (c.value >= 0 && c.value < kKinds) line += ' ' + QByteArray(kKindNames[c.value]);
+            break;
+        case Command::Kind::KeyDown:
+        case Command::Kind::KeyUp: line += ' ' + QByteArray::number(c.value); break;
+        default: break;
+    }
+    return line;
+}
+
+std::optional<Command> readCommand(const QString& line, int players, QString* error) {
+    Reader in(line, false);
     const QStringList words = line.split(QLatin1Char(' '));
     Command c;
     c.at = static_cast<int>(
         in.whole(words.value(0), 0, std::numeric_limits<int>::max(), "a command's time"));
-    if (in.failed()) return std::nullopt;
-    if (c.at < after) return in.fail(QStringLiteral("a command out of order")), std::nullopt;
     c.seat = static_cast<int>(in.whole(words.value(1), 1, players, "its player")) - 1;
     const QString kind = words.value(2);
     const auto found =
         std::find_if(std::begin(kCommands), std::end(kCommands),
                      [&](const CommandName& n) { return kind == QLatin1String(n.name); });
     if (found == std::end(kCommands))
-        return in.fail(QStringLiteral("unknown command \"%1\"").arg(kind.left(20))), std::nullopt;
+        in.fail(QStringLiteral("unknown command \"%1\"").arg(kind.left(20)));
+    if (in.failed()) return *error = in.error(), std::nullopt;
     c.kind = found->kind;
     const QString argument = words.size() > 3 ? line.section(QLatin1Char(' '), 3) : QString();
     switch (c.kind) {
@@ -209,11 +224,9 @@ std::optional<Command> readCommand(Reader& in, int players, int after) {
         default:
             if (!argument.isEmpty()) in.fail(QStringLiteral("\"%1\" takes nothing").arg(kind));
     }
-    if (in.failed()) return std::nullopt;
-    in.skip();
+    if (in.failed()) return *error = in.error(), std::nullopt;
     return c;
 }
-}  // namespace
 
 Record recordOf(const Match& m) {
     Record r;
@@ -284,7 +297,7 @@ QByteArray writeRecord(const Record& r) {
         put("name", seat.name.toUtf8());
         put("character", seat.character.toUtf8());
     }
-    for (const Command& command : r.commands) out += commandLine(command) + '\n';
+    for (const Command& command : r.commands) out += commandText(command) + '\n';
     put("end", QByteArray::number(r.endedAt) + (r.finished ? " finished" : " left"));
     return out;
 }

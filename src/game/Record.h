@@ -47,6 +47,12 @@ MatchSetup setupOf(const Record& record);
 
 QByteArray writeRecord(const Record& record);
 
+// A command on a line of its own, as records and the network write it: "1900 2 angle 45" is
+// match time, player from 1, what, and what with.
+QByteArray commandText(const Command& command);
+// `line` read as a command of a match of `players`; none, with why in `error`, when it is none.
+std::optional<Command> readCommand(const QString& line, int players, QString* error);
+
 struct ReadRecord {
     std::optional<Record> record;
     // Why there is none: one line.

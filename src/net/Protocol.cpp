@@ -14,19 +14,6 @@ namespace net {
 namespace {
 
 constexpr int kMaxTime = std::numeric_limits<int>::max();
-const char* const kKindNames[] = {"normal", "nuke", "war", "magnetic"};
-struct CommandName {
-    game::Command::Kind kind;
-    const char* name;
-};
-// The words of the match records, so a command reads the same on the wire and in a record.
-constexpr CommandName kCommands[] = {
-    {game::Command::Kind::Angle, "angle"},   {game::Command::Kind::Velocity, "velocity"},
-    {game::Command::Kind::Choose, "choose"}, {game::Command::Kind::Throw, "throw"},
-    {game::Command::Kind::KeyDown, "down"},  {game::Command::Kind::KeyUp, "up"},
-    {game::Command::Kind::Resume, "resume"}, {game::Command::Kind::Leave, "leave"},
-};
-
 QByteArray hex64(std::uint64_t v) { return QByteArray::number(static_cast<qulonglong>(v), 16); }
 
 // One line of free text: no line breaks, no longer than a line may be.
@@ -50,26 +37,6 @@ QByteArray lobbyText(const Lobby& lobby) {
     setup.endedAt = 0;
     setup.finished = false;
     return remoteLine(lobby) + '\n' + game::writeRecord(setup);
-}
-
-QByteArray commandText(const game::Command& c) {
-    QByteArray line = "command " + QByteArray::number(c.at) + ' ' + QByteArray::number(c.seat + 1);
-    for (const CommandName& n : kCommands)
-        if (n.kind == c.kind) line += QByteArray(" ") + n.name;
-    switch (c.kind) {
-        case game::Command::Kind::Angle:
-        case game::Command::Kind::Velocity:
-            if (!c.text.isEmpty()) line += ' ' + oneLine(c.text);
-            break;
-        case game::Command::Kind::Choose:
-            if (c.value >= 0 && c.value < game::kKinds)
-                line += QByteArray(" ") + kKindNames[c.value];
-            break;
-        case game::Command::Kind::KeyDown:
-        case game::Command::Kind::KeyUp: line += ' ' + QByteArray::number(c.value); break;
-        default: break;
-    }
-    return line;
 }
 
 // Reading a message: the first fault is kept, and the message is then no message.
@@ -175,45 +142,6 @@ std::optional<Lobby> readLobby(const QString& text, Reader& in) {
     return lobby;
 }
 
-std::optional<game::Command> readCommand(const QString& line, Reader& in) {
-    const QStringList words = line.split(QLatin1Char(' '));
-    game::Command c;
-    c.at = static_cast<int>(in.whole(words.value(1), 0, kMaxTime, "a command's time"));
-    c.seat = static_cast<int>(in.whole(words.value(2), 1, 4, "a command's player")) - 1;
-    if (in.failed()) return std::nullopt;
-    const QString kind = words.value(3);
-    const auto found =
-        std::find_if(std::begin(kCommands), std::end(kCommands),
-                     [&](const CommandName& n) { return kind == QLatin1String(n.name); });
-    if (found == std::end(kCommands))
-        return in.fail(QStringLiteral("unknown command \"%1\"").arg(kind.left(20))), std::nullopt;
-    c.kind = found->kind;
-    const QString argument = words.size() > 4 ? line.section(QLatin1Char(' '), 4) : QString();
-    switch (c.kind) {
-        case game::Command::Kind::Angle:
-        case game::Command::Kind::Velocity:
-            c.text = argument;
-            if (c.text.size() > game::kBoxLength) in.fail(QStringLiteral("more than a box holds"));
-            break;
-        case game::Command::Kind::Choose: {
-            const auto k =
-                std::find_if(std::begin(kKindNames), std::end(kKindNames),
-                             [&](const char* n) { return argument == QLatin1String(n); });
-            if (k == std::end(kKindNames)) in.fail(QStringLiteral("no such projectile"));
-            c.value = static_cast<int>(k - std::begin(kKindNames));
-            break;
-        }
-        case game::Command::Kind::KeyDown:
-        case game::Command::Kind::KeyUp:
-            c.value = static_cast<int>(in.whole(argument, 0, game::Keys::kCount - 1, "a key"));
-            break;
-        default:
-            if (!argument.isEmpty()) in.fail(QStringLiteral("\"%1\" takes nothing").arg(kind));
-    }
-    if (in.failed()) return std::nullopt;
-    return c;
-}
-
 Hello readHello(const QString& first, Reader& in) {
     Hello h;
     h.protocol = static_cast<int>(in.whole(first, 0, 1'000'000, "the protocol version"));
@@ -263,7 +191,9 @@ QByteArray encode(const Message& message) {
             return "seat\nname " + oneLine(s.name) + "\ncharacter " + oneLine(s.character);
         }
         QByteArray operator()(const Start& s) const { return "start\n" + lobbyText(s.lobby); }
-        QByteArray operator()(const CommandMessage& c) const { return commandText(c.command); }
+        QByteArray operator()(const CommandMessage& c) const {
+            return "command " + game::commandText(c.command);
+        }
         QByteArray operator()(const Tick& t) const { return "tick " + QByteArray::number(t.at); }
         QByteArray operator()(const Digest& d) const {
             return "digest " + QByteArray::number(d.at) + ' ' + hex64(d.hash);
@@ -313,7 +243,10 @@ Decoded decode(const QByteArray& bytes) {
         if (!rest.isEmpty()) in.fail(QStringLiteral("\"start\" takes its lines"));
         if (const auto lobby = in.failed() ? std::nullopt : readLobby(text, in)) m = Start{*lobby};
     } else if (kind == QLatin1String("command")) {
-        if (const auto c = readCommand(first, in)) m = CommandMessage{*c};
+        // A command reads as in a match record, after its word.
+        QString why;
+        if (const auto c = game::readCommand(rest, 4, &why)) m = CommandMessage{*c};
+        else in.fail(why);
         in.end(1);
     } else if (kind == QLatin1String("tick")) {
         m = Tick{static_cast<int>(in.whole(rest, 0, kMaxTime, "a tick's time"))};
