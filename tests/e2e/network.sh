@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# One match on two real programs over loopback under Xvfb, the computer at every seat: the host
-# holds player 2's seat open, the joiner takes it with the code, and both play to the final board
-# and the game-over box, with the same final board pixel for pixel and a record on each side.
-# Then the faults: a wrong code, garbage and a 100 MB message from a raw socket (the host plays
-# on), the joiner killed mid-match (the host says who left), the host killed (the joiner says the
-# host left).
+# Matches on several real programs over loopback under Xvfb, the computer at every seat: the host
+# holds seats open, joiners take them with the code, and every program plays to the final board:
+# 1 vs 1 on two programs, 2 vs 2 on three, each machine with the same final board pixel for pixel
+# and a record of its own. Then the faults: a wrong code, garbage and a 100 MB message from a raw
+# socket (the host plays on), the joiner killed mid-match (the host says who left), the host
+# killed (the joiner says the host left).
 # Usage: network.sh GAME_BINARY
 set -uo pipefail
 source "$(dirname "$0")/xsession.sh"
@@ -21,63 +21,77 @@ start_as() {  # start_as NAME ARGS...: PID_<NAME> is the process
     eval "PID_$name=$!"
 }
 
-host_lobby() {  # host_lobby LIMIT: the host's program up to its waiting box; frag limit 1 or 3
-    start_as host --seed 7 --remote 2 --computer 1 --port "$PORT" --code "red apple"
+# The host's program up to its waiting box: PLAYERS player pages, the seats REMOTE left to the
+# network, COMPUTER played by its computer; each X Y is clicked in the setup first.
+host_lobby() {  # host_lobby PLAYERS REMOTE COMPUTER [X Y]...
+    local players=$1 k
+    start_as host --seed 7 --remote "$2" --computer "$3" --port "$PORT" --code "red apple"
+    shift 3
     wait_window "Grumbo 2 - Kravenmoor" 10 "$PID_host"
     click "$WIN" 286 162  # Start
     wait_window "Setup" 10 "$PID_host"
-    if [ "$1" -eq 1 ]; then
-        click "$WIN" 50 168
-        click "$WIN" 50 168
-    fi
+    while [ $# -ge 2 ]; do click "$WIN" "$1" "$2"; shift 2; done
     click "$WIN" 286 162  # Next
-    wait_window "Player 1" 10 "$PID_host"
-    click "$WIN" 151 213  # Next: the computer's seat
-    wait_window "Player 2" 10 "$PID_host"
-    click "$WIN" 151 213  # Next: the seat left to the network
+    for k in $(seq "$players"); do
+        wait_window "Player $k" 10 "$PID_host"
+        click "$WIN" 151 213  # Next
+    done
     wait_window "Grumbo 2 - Kravenmoor" 10 "$PID_host"
 }
 
-joiner_in() {  # joiner_in CODE: the joiner's program through its player page
-    start_as joiner --join "127.0.0.1:$PORT" --code "$1" --computer 1
-    wait_window "Player 2" 15 "$PID_joiner"
+joiner_in() {  # joiner_in NAME CODE: a joiner's program through its player page
+    start_as "$1" --join "127.0.0.1:$PORT" --code "$2" --computer 1
+    local pid=PID_$1
+    wait_window "Player [2-4]" 15 "${!pid}"
     click "$WIN" 151 213  # Next
 }
 
-# --- a whole match ---
-host_lobby 1
-joiner_in "RED  apple"
-wait_window "Game Over" 300 "$PID_host"
-for who in host joiner; do
-    pid=PID_$who
-    wait_window "Game Over" 60 "${!pid}"
-    wait_window "$MATCH_TITLE" 1 "${!pid}"
-    # The two match windows stand in the same place: the one shot must be on top and drawn.
-    xdotool windowraise "$WIN"
-    sleep 1
-    shot "$WIN" "$WORK/$who.ppm"
-done
-differ=$(count_changed "$WORK/host.ppm" "$WORK/joiner.ppm" $FIELD)
-[ "$differ" -eq 0 ] || fail "the final boards differ in $differ pixels"
-# Each machine keeps its record of the match, and both play again to the same board. The joiner
-# leaves first: the host would tell him it left.
-for who in joiner host; do
-    pid=PID_$who
-    wait_window "Game Over" 10 "${!pid}"
-    xdotool windowraise "$WIN"  # the two boxes stand in the same place
-    click "$WIN" 211 60  # Quit
-    for _ in $(seq 100); do kill -0 "${!pid}" 2>/dev/null || break; sleep 0.1; done
-    kill -0 "${!pid}" 2>/dev/null && fail "Quit did not end the $who's program"
-    record=$(ls "$WORK/$who"/grumbo2/replays/match-*.txt 2>/dev/null | head -n1)
-    [ -n "$record" ] || fail "the $who kept no record"
-    "$GAME" --replay "$record" --check >"$WORK/$who.board" 2>&1 || fail "$who: $(cat "$WORK/$who.board")"
-done
-cmp -s "$WORK/host.board" "$WORK/joiner.board" || fail "the records end otherwise: $(cat "$WORK"/*.board)"
-echo "the same final board on both machines, and in both records:"
-sed 's/^/    /' "$WORK/host.board"
+# The machines play to the final board, the same pixel for pixel on each; each keeps a record of
+# the match that plays again to the same board. The joiners leave first: the host would tell
+# them it left.
+same_end() {  # same_end HOST JOINER...
+    local who pid record differ
+    wait_window "Game Over" 300 "$PID_host"
+    for who in "$@"; do
+        pid=PID_$who
+        wait_window "Game Over" 60 "${!pid}"
+        wait_window "$MATCH_TITLE" 1 "${!pid}"
+        # The match windows stand in the same place: the one shot must be on top and drawn.
+        xdotool windowraise "$WIN"
+        sleep 1
+        shot "$WIN" "$WORK/$who.ppm"
+    done
+    for who in "${@:2}" "$1"; do
+        differ=$(count_changed "$WORK/$1.ppm" "$WORK/$who.ppm" $FIELD)
+        [ "$differ" -eq 0 ] || fail "the final boards of $1 and $who differ in $differ pixels"
+        pid=PID_$who
+        wait_window "Game Over" 10 "${!pid}"
+        xdotool windowraise "$WIN"
+        click "$WIN" 211 60  # Quit
+        for _ in $(seq 100); do kill -0 "${!pid}" 2>/dev/null || break; sleep 0.1; done
+        kill -0 "${!pid}" 2>/dev/null && fail "Quit did not end the $who's program"
+        record=$(ls "$WORK/$who"/grumbo2/replays/match-*.txt 2>/dev/null | tail -n1)
+        [ -n "$record" ] || fail "the $who kept no record"
+        "$GAME" --replay "$record" --check >"$WORK/$who.board" 2>&1 || fail "$who: $(cat "$WORK/$who.board")"
+    done
+    for who in "${@:2}"; do
+        cmp -s "$WORK/$1.board" "$WORK/$who.board" || fail "the records end otherwise: $(cat "$WORK"/*.board)"
+    done
+    echo "the same final board on $# machines, and in their records:"
+    sed 's/^/    /' "$WORK/$1.board"
+}
+
+# --- whole matches: 1 vs 1 on two machines, 2 vs 2 on three, to one frag ---
+host_lobby 2 2 1 50 168 50 168
+joiner_in joiner "RED  apple"
+same_end host joiner
+host_lobby 4 2,3 1,4 81 69 50 168 50 168
+joiner_in left "red apple"
+joiner_in right "red apple"
+same_end host left right
 
 # --- faults, in matches long enough to be cut short ---
-host_lobby 3
+host_lobby 2 2 1
 start_as joiner --join "127.0.0.1:$PORT" --code "green pear" --computer 1
 wait_window "Network Match" 15 "$PID_joiner"
 echo "a wrong code: the joiner is told"
@@ -85,7 +99,7 @@ kill "$PID_joiner"
 head -c 3000 /dev/urandom >"/dev/tcp/127.0.0.1/$PORT" 2>/dev/null
 printf '\x06\x00\x00\x00' | cat - <(head -c 1000000 /dev/zero) >"/dev/tcp/127.0.0.1/$PORT" 2>/dev/null
 kill -0 "$PID_host" || fail "the host fell to garbage"
-joiner_in "red apple"
+joiner_in joiner "red apple"
 wait_window "$MATCH_TITLE" 60 "$PID_host"
 sleep 6
 kill -9 "$PID_joiner"
@@ -94,8 +108,8 @@ echo "the joiner killed: the host is told"
 kill "$PID_host"
 wait "$PID_host" 2>/dev/null
 
-host_lobby 3
-joiner_in "red apple"
+host_lobby 2 2 1
+joiner_in joiner "red apple"
 wait_window "$MATCH_TITLE" 60 "$PID_joiner"
 sleep 4
 kill -9 "$PID_host"
