@@ -122,18 +122,10 @@ void Guest::compare(int at) {
 }
 
 void Guest::leave(const QString& reason) {
-    if (!link_) return;
-    link_->close(Bye{reason});
-    disconnect(link_, nullptr, this, nullptr);
-    link_->deleteLater();
-    link_ = nullptr;
-    answer_.setEnabled(false);
-    keepAlive_.setEnabled(false);
-    state_ = State::Ended;
+    if (link_) close(Bye{reason});
 }
 
-void Guest::end(const QString& why, std::optional<Message> last) {
-    const bool greeting = state_ == State::Greeting;
+void Guest::close(std::optional<Message> last) {
     if (link_) {
         link_->close(last);
         disconnect(link_, nullptr, this, nullptr);
@@ -143,6 +135,11 @@ void Guest::end(const QString& why, std::optional<Message> last) {
     answer_.setEnabled(false);
     keepAlive_.setEnabled(false);
     state_ = State::Ended;
+}
+
+void Guest::end(const QString& why, std::optional<Message> last) {
+    const bool greeting = state_ == State::Greeting;
+    close(last);
     if (greeting) emit refused(why);
     else emit hostLeft(why);
 }

@@ -67,6 +67,8 @@ signals:
 private:
     enum class State { Idle, Greeting, Seated, Playing, Ended };
     void onMessage(const Message& message);
+    // Closes the connection, `last` its last word, and stops the timers.
+    void close(std::optional<Message> last);
     // Ends the connection with `why`: refused() while greeting, hostLeft() after.
     void end(const QString& why, std::optional<Message> last);
     void compare(int at);
