@@ -34,22 +34,6 @@ TEST(Planner, FindsAFragOfTheEnemyAndNeverOfItsOwnSide) {
         }
 }
 
-TEST(Planner, TakesTheNukeWhenItHoldsOneThatReachesTheEnemysBuilding) {
-    Play play(CalmSetup(2, 3));
-    const game::Match& m = play.started().match;
-    play.type(QStringLiteral("\\zap plinkos"));
-    const computer::Plan first = computer::planThrow(m);
-    EXPECT_EQ(first.aim.kind, game::ProjectileKind::Normal) << "nothing is held yet";
-    ASSERT_TRUE(play.throwAt(first.aim.angle, first.aim.velocity));
-    const computer::Plan nuke = computer::planThrow(m);
-    EXPECT_EQ(nuke.aim.kind, game::ProjectileKind::Nuke);
-    EXPECT_TRUE(nuke.frags);
-    const game::Span b =
-        game::buildingAt(m.sky(), m.scene(), computer::tryThrow(m, nuke.aim).at.x());
-    const int enemy = m.figure(1 - m.currentPlayer()).pos.x();
-    EXPECT_TRUE(enemy > b.left && enemy < b.right) << "on the building the nuke takes";
-}
-
 // The place on the roof of the building at `x` where `f` stands in its middle.
 QPoint RoofPlace(const game::Match& m, int x, const game::Figure& f) {
     const game::Span b = game::buildingAt(m.sky(), m.scene(), x);

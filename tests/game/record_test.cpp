@@ -80,40 +80,6 @@ TEST(Record, ReadsBackWhatItWroteAndKeepsItsFormat) {
     EXPECT_EQ(game::writeRecord(r), QByteArray(kExample)) << "the same text, byte for byte";
 }
 
-TEST(Record, APersonsMatchPlaysAgainFromItsRecordToTheSameBoardAndPixels) {
-    game::MatchSetup setup = ShippedSetup(2, 13);
-    setup.settings.music = true;
-    setup.settings.fragLimit = 2;
-    testing_support::Play play(setup);
-    const game::Match& m = play.match;
-    play.started();
-    play.type(QStringLiteral("\\zap plinkos"));
-    ASSERT_TRUE(play.throwAt(45, 60));
-    // A pause of three seconds, with the music going on, in the middle of a flight.
-    play.launch(30, 80);
-    play.run(300);
-    play.tap(game::key::kEscape);
-    ASSERT_TRUE(m.paused());
-    play.run(3000);
-    play.send(Command::Kind::Resume);
-    play.runUntil([&] { return m.phase() == game::Phase::Aiming; });
-    while (!m.over())
-        ASSERT_TRUE(play.dropOn(m.currentPlayer() == 0 ? 1 : 0, game::ProjectileKind::Nuke));
-    play.run(6000);
-    const QByteArray text = game::writeRecord(game::recordOf(m));
-    const game::ReadRecord read = game::readRecord(text);
-    ASSERT_TRUE(read.record) << read.error.toStdString();
-    game::Match again(WithShippedArt(game::setupOf(*read.record)));
-    ASSERT_TRUE(game::playToTheEnd(again, *read.record));
-    EXPECT_TRUE(again.scene() == m.scene()) << "the same darkened city behind the board";
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(again.stats(i).points, m.stats(i).points) << i;
-        EXPECT_EQ(again.stats(i).misses, m.stats(i).misses) << i;
-    }
-    EXPECT_EQ(again.tune(), m.tune());
-    EXPECT_TRUE(again.gameOverShown());
-}
-
 TEST(Record, AComputersMatchPausedMidWordPlaysAgainWithoutTheComputer) {
     game::MatchSetup setup = ShippedSetup(2, 5);
     setup.settings.fragLimit = 1;
