@@ -92,14 +92,17 @@ bool Play::send(game::Command::Kind kind, const QString& text, int value) {
     return applied;
 }
 
-bool Play::throwAt(int angle, int velocity, game::ProjectileKind kind) {
+bool Play::launch(int angle, int velocity, game::ProjectileKind kind) {
     using Kind = game::Command::Kind;
     send(Kind::Choose, {}, static_cast<int>(kind));
     send(Kind::Angle, QString::number(angle));
     send(Kind::Velocity, QString::number(velocity));
-    if (!match.canThrow()) return false;
-    send(Kind::Throw);
-    return runUntil([&] { return match.over() || match.phase() == game::Phase::Aiming; });
+    return match.canThrow() && send(Kind::Throw);
+}
+
+bool Play::throwAt(int angle, int velocity, game::ProjectileKind kind) {
+    return launch(angle, velocity, kind) &&
+           runUntil([&] { return match.over() || match.phase() == game::Phase::Aiming; });
 }
 
 void Play::tap(int key) {

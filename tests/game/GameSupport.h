@@ -31,8 +31,9 @@ public:
     void run(int ms);
     // Runs in steps of 1 ms until `done` holds; false after `limitMs`.
     bool runUntil(const std::function<bool()>& done, int limitMs = 60000);
-    // Types angle and velocity, chooses `kind` and throws; returns once the turn has passed or
-    // the match has ended.
+    // Chooses `kind`, types angle and velocity and throws, if the boxes allow it: true then.
+    bool launch(int angle, int velocity, game::ProjectileKind kind = game::ProjectileKind::Normal);
+    // The same, and returns once the turn has passed or the match has ended.
     bool throwAt(int angle, int velocity, game::ProjectileKind kind = game::ProjectileKind::Normal);
     // Gives the match a command from the current player, now.
     bool send(game::Command::Kind kind, const QString& text = {}, int value = 0);

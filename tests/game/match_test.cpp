@@ -56,9 +56,7 @@ TEST(Match, StartsWithATestThrowAndBuildsTheRoundInStagesBehindTheLoadingBox) {
                            "Creating Wind... 95 " + ms, "Creating Wind... 100 " + ms}));
     Play teams(ShippedSetup(4, 7));
     teams.runUntil([&] { return teams.match.phase() == Phase::BuildingRound; });
-    const QStringList four = stages(teams);
-    ASSERT_EQ(four.size(), 8);
-    EXPECT_EQ(four.mid(2, 4),
+    EXPECT_EQ(stages(teams).mid(2, 4),
               (QStringList{"Rendering Player 1... 67 " + ms, "Rendering Player 2... 72 " + ms,
                            "Rendering Player 3... 77 " + ms, "Rendering Player 4... 82 " + ms}));
     EXPECT_TRUE(m.figuresShown() && !m.loading().shown);
@@ -97,15 +95,12 @@ TEST(Match, EveryReseedIsAFreshDrawThatTheSeedAndTheCountOfReseedsRepeat) {
 
 TEST(Match, AHitExplodesAndDancesAndAFirstThrowOfARoundThatHitsWinsASpecial) {
     Play play(CalmSetup(2, 11));
-    play.started();
-    const game::Match& m = play.match;
+    const game::Match& m = play.started().match;
     for (int i = 0; i < 8; ++i) ASSERT_TRUE(play.throwAt(10, 999));
     ASSERT_EQ(m.stats(0).misses, 4);
     const int height = m.figure(1).height();
     play.flyTo({m.figure(1).pos.x() + m.figure(1).width() / 2 - 5, m.figure(1).pos.y() - 29});
-    play.send(game::Command::Kind::Angle, QStringLiteral("90"));
-    play.send(game::Command::Kind::Velocity, QStringLiteral("0"));
-    play.send(game::Command::Kind::Throw);
+    play.launch(90, 0);
     play.runUntil([&] { return m.phase() == Phase::Exploding; });
     // A ring every 4 ms (a wait of 3) up to half his height, then he is gone.
     EXPECT_EQ(Lasts(play, Phase::Exploding), height / 2 * 4);
@@ -138,8 +133,7 @@ TEST(Match, ANukeSparesACharacterWhoseLeftEdgeIsTheFirstColumnOfItsBuilding) {
     // first column of his building.
     setup.players[0].art = Resized(setup.players[0].art, 45, 70);
     Play play(setup);
-    play.started();
-    const game::Match& m = play.match;
+    const game::Match& m = play.started().match;
     play.type(QStringLiteral("\\zap plinkos"));
     ASSERT_TRUE(play.throwAt(10, 999));
     ASSERT_TRUE(play.throwAt(10, 999));
@@ -166,8 +160,7 @@ TEST(Match, ANukedBuildingCrumblesFromTheGroundUpAndItsCharacterDissolvesAtAPace
     game::MatchSetup setup = CalmSetup(2, 61);
     setup.settings.buildingHeight = 12;
     Play play(setup);
-    play.started();
-    const game::Match& m = play.match;
+    const game::Match& m = play.started().match;
     play.type(QStringLiteral("\\zap plinkos"));
     ASSERT_TRUE(play.throwAt(10, 999));
     ASSERT_TRUE(play.throwAt(10, 999));
@@ -179,10 +172,7 @@ TEST(Match, ANukedBuildingCrumblesFromTheGroundUpAndItsCharacterDissolvesAtAPace
     ASSERT_LT(drop + 10, b.right) << "a roof with room beside the enemy";
     ASSERT_GT(game::kGroundLine - roof, 280) << "one of the tallest buildings";
     play.flyTo({drop, roof - m.figure(0).height() - 60});
-    play.send(game::Command::Kind::Choose, {}, static_cast<int>(ProjectileKind::Nuke));
-    play.send(game::Command::Kind::Angle, QStringLiteral("90"));
-    play.send(game::Command::Kind::Velocity, QStringLiteral("0"));
-    play.send(game::Command::Kind::Throw);
+    play.launch(90, 0, ProjectileKind::Nuke);
     ASSERT_TRUE(play.runUntil([&] { return m.phase() == Phase::Dissolving; }));
     const int rows = game::kGroundLine - roof + 1, start = m.now();
     play.runUntil([&] { return m.now() - start >= rows; });
@@ -221,8 +211,7 @@ TEST(Match, TeamsThrowInTurnsPassingOverTheFraggedAndTheLastRoundEndsTheMatch) {
     // Player 3 is 41 pixels high: his blast grows to radius 20, half his height rounded down.
     setup.players[2].art = Resized(setup.players[2].art, 44, 41);
     Play play(setup);
-    play.started();
-    const game::Match& m = play.match;
+    const game::Match& m = play.started().match;
     std::vector<int> order;
     for (int i = 0; i < 4; ++i) {
         order.push_back(m.currentPlayer());
@@ -255,8 +244,7 @@ TEST(Match, TeamsThrowInTurnsPassingOverTheFraggedAndTheLastRoundEndsTheMatch) {
 
 TEST(Match, ANewRoundOfTeamsStandsEveryoneOnARoofAgainAndKeepsTheTurnGoing) {
     Play play(CalmSetup(4, 9));
-    play.started();
-    const game::Match& m = play.match;
+    const game::Match& m = play.started().match;
     ASSERT_TRUE(play.dropOn(2));
     ASSERT_EQ(m.currentPlayer(), 1) << "player 3 is gone";
     ASSERT_TRUE(play.dropOn(3));
@@ -283,8 +271,7 @@ TEST(Match, KnownCharactersThrowAndCryWithTheirOwnSoundsByTheirExactName) {
             ShippedArt(i == 3 ? QStringLiteral("Dunik") : setup.players[i].character);
     }
     Play play(setup);
-    play.started();
-    const game::Match& m = play.match;
+    const game::Match& m = play.started().match;
     const auto soundsOf = [&](const std::function<void()>& what) {
         play.sounds.clear();
         what();
@@ -313,9 +300,7 @@ TEST(Match, EscapeFreezesEverythingButTheMusicWhoseTunesChangeAtTheirLength) {
     EXPECT_EQ(play.events.front(), (game::MatchEvent{Kind::PlayTune, {}, tune}));
     play.started();
     const int played = m.now() + 200 + 20;
-    play.send(game::Command::Kind::Angle, QStringLiteral("60"));
-    play.send(game::Command::Kind::Velocity, QStringLiteral("60"));
-    play.send(game::Command::Kind::Throw);
+    play.launch(60, 60);
     play.run(200);
     play.tap(game::key::kEscape);
     ASSERT_TRUE(m.paused());
@@ -337,8 +322,7 @@ TEST(Match, EscapeFreezesEverythingButTheMusicWhoseTunesChangeAtTheirLength) {
 
 TEST(Match, CodesStartWithABackslashAndEndAtTheirTwelfthCharacter) {
     Play play(ShippedSetup());
-    play.started();
-    const game::Match& m = play.match;
+    const game::Match& m = play.started().match;
     const QPoint standing = m.figure(0).pos;
     play.tap(game::key::kLeft);
     EXPECT_EQ(m.figure(0).pos, standing) << "no flying without the code";

@@ -1,6 +1,6 @@
-// The rules that are tables and formulas, each row reported under its own name: the flight, the
-// field's edges, the magnetic pull, points, accuracy, special projectiles, the wind, the
-// calibration and what the aiming boxes let through.
+// The rules that are tables and formulas, each row named in the message of a failed check: the
+// flight, the field's edges, the magnetic pull, points, accuracy, special projectiles, the wind,
+// the calibration and what the aiming boxes let through.
 #include <gtest/gtest.h>
 
 #include <string_view>
@@ -17,35 +17,25 @@ using namespace game;
 
 namespace {
 
-struct FlightRow {
-    const char* name;
-    int angle, velocity, ticks;
-    double drift;
-    QPoint expected;  // relative to the hand
-};
-void PrintTo(const FlightRow& r, std::ostream* os) { *os << r.name; }
-class FlightRows : public testing::TestWithParam<FlightRow> {};
-
-TEST_P(FlightRows, PositionInClosedForm) {
-    const FlightRow& r = GetParam();
-    Flight f{.hand = {100, 200}, .ticks = r.ticks, .drift = r.drift};
-    f.launch(r.angle, r.velocity);
-    EXPECT_EQ(flightPosition(f, 9.8) - QPoint(100, 200), r.expected);
+TEST(Rules, TheFlightIsInClosedFormFromTheHand) {
+    // Angle, velocity, ticks, wind drift, and the place relative to the hand.
+    for (const auto& [angle, velocity, ticks, drift, expected] :
+         {// 45 degrees at 50: both components 35; below the hand after 72 ticks.
+          std::tuple(45, 50, 10, 0.0, QPoint(35, -30)),
+          {45, 50, 71, 0.0, {248, -1}},
+          {45, 50, 72, 0.0, {252, 3}},
+          // A right-side 45 is 135: the floor of -35.36 is -36.
+          {135, 50, 10, 0.0, {-36, -30}},
+          {90, 0, 30, 0.0, {0, 45}},
+          // A wind of 0.5 to the right: 5 after 10 ticks shifts 5, 15 after 30 ticks shifts 45.
+          {90, 0, 10, 5.0, {5, 5}},
+          {90, 0, 30, 15.0, {45, 45}}}) {
+        Flight f{.hand = {100, 200}, .ticks = ticks, .drift = drift};
+        f.launch(angle, velocity);
+        EXPECT_EQ(flightPosition(f, 9.8) - QPoint(100, 200), expected)
+            << angle << " at " << velocity << " after " << ticks << " ticks, drift " << drift;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rules, FlightRows,
-    testing::Values(
-        // 45 degrees at 50: both components 35.
-        FlightRow{"45 at 50 after 10 ticks", 45, 50, 10, 0, {35, -30}},
-        FlightRow{"45 at 50 after 71 ticks", 45, 50, 71, 0, {248, -1}},
-        FlightRow{"45 at 50 after 72 ticks below the hand", 45, 50, 72, 0, {252, 3}},
-        // A right-side 45 is 135: the floor of -35.36 is -36.
-        FlightRow{"135 at 50 floors to -36", 135, 50, 10, 0, {-36, -30}},
-        FlightRow{"straight up at 0 only falls", 90, 0, 30, 0, {0, 45}},
-        // A wind of 0.5 to the right: 5 after 10 ticks shifts 5, 15 after 30 ticks shifts 45.
-        FlightRow{"drift 5 after 10 ticks", 90, 0, 10, 5, {5, 5}},
-        FlightRow{"drift 15 after 30 ticks", 90, 0, 30, 15, {45, 45}}));
 
 TEST(Rules, AnglesCountFromTheThrowersForwardDirectionAndTheFieldHasMargins) {
     EXPECT_EQ(throwAngle(45, false), 45);
@@ -62,30 +52,25 @@ struct PullRow {
     double pullX, pullY;
     double expectX, expectY;
 };
-void PrintTo(const PullRow& r, std::ostream* os) { *os << r.name; }
-class PullRows : public testing::TestWithParam<PullRow> {};
 
 // Player 1 (left 500, top 300, 40 wide) is the only one who can pull; player 0 throws.
-TEST_P(PullRows, ZonesOfPlayerOne) {
-    const PullRow& r = GetParam();
-    Flight f{.hand = {}, .pullX = r.pullX, .pullY = r.pullY};
-    pullTowardsCharacters(f, QRect(r.projectile, QSize(10, 10)),
-                          {QRect(80, 300, 40, 60), QRect(500, 300, 40, 60)}, 0);
-    EXPECT_NEAR(f.pullX, r.expectX, 1e-9);
-    EXPECT_NEAR(f.pullY, r.expectY, 1e-9);
+TEST(Rules, TheMagneticPullActsInZonesBesideACharacter) {
+    for (const PullRow& r : {PullRow{"60 above is too high", {470, 240}, 0, 0, 0, 0},
+                             {"40 above inside the left zone", {456, 260}, 0, 0, 0.7, 0},
+                             {"the left zone's outer end", {455, 260}, 0, 0, 0, 0},
+                             {"the left zone's inner end", {510, 260}, 0, 0, 0, 0},
+                             {"an opposing pull is reset first", {470, 260}, -2.1, 0, 0.7, 0},
+                             {"the right zone pulls left", {570, 260}, 0.7, 0, -0.7, 0},
+                             {"30 above gets no lift", {470, 270}, 0, 0, 0.7, 0},
+                             {"29 above gets lift", {470, 271}, 0, -0.4, 0.7, 0.2},
+                             {"the thrower never pulls", {60, 300}, 0, 0, 0, 0}}) {
+        Flight f{.hand = {}, .pullX = r.pullX, .pullY = r.pullY};
+        pullTowardsCharacters(f, QRect(r.projectile, QSize(10, 10)),
+                              {QRect(80, 300, 40, 60), QRect(500, 300, 40, 60)}, 0);
+        EXPECT_NEAR(f.pullX, r.expectX, 1e-9) << r.name;
+        EXPECT_NEAR(f.pullY, r.expectY, 1e-9) << r.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rules, PullRows,
-    testing::Values(PullRow{"60 above is too high", {470, 240}, 0, 0, 0, 0},
-                    PullRow{"40 above inside the left zone", {456, 260}, 0, 0, 0.7, 0},
-                    PullRow{"the left zone's outer end", {455, 260}, 0, 0, 0, 0},
-                    PullRow{"the left zone's inner end", {510, 260}, 0, 0, 0, 0},
-                    PullRow{"an opposing pull is reset first", {470, 260}, -2.1, 0, 0.7, 0},
-                    PullRow{"the right zone pulls left", {570, 260}, 0.7, 0, -0.7, 0},
-                    PullRow{"30 above gets no lift", {470, 270}, 0, 0, 0.7, 0},
-                    PullRow{"29 above gets lift", {470, 271}, 0, -0.4, 0.7, 0.2},
-                    PullRow{"the thrower never pulls", {60, 300}, 0, 0, 0, 0}));
 
 TEST(Rules, OnlyTheFirstCharacterInRangePullsAndThePullGrowsEveryTick) {
     // The projectile is in the left zone of player 2 and in the right zone of player 3.
@@ -101,34 +86,25 @@ TEST(Rules, OnlyTheFirstCharacterInRangePullsAndThePullGrowsEveryTick) {
     EXPECT_EQ(flightPosition(pulled, 9.8).x() - flightPosition(still, 9.8).x(), 21);
 }
 
-struct NearMissRow {
-    const char* name;
-    GameType type;
-    int thrower, impactX;
-    std::array<int, 4> centres;
-    std::optional<int> points;
-};
-void PrintTo(const NearMissRow& r, std::ostream* os) { *os << r.name; }
-class NearMissRows : public testing::TestWithParam<NearMissRow> {};
-
-TEST_P(NearMissRows, FallWithTheDistanceToTheEnemy) {
-    const NearMissRow& r = GetParam();
-    EXPECT_EQ(nearMissPoints(r.type, r.thrower, r.impactX, r.centres), r.points);
-}
-
 constexpr auto k1v1 = GameType::OneVsOne, k2v2 = GameType::TwoVsTwo;
-INSTANTIATE_TEST_SUITE_P(
-    Rules, NearMissRows,
-    testing::Values(NearMissRow{"4 px away earns nothing", k1v1, 0, 296, {0, 300}, std::nullopt},
-                    NearMissRow{"5 px away", k1v1, 0, 295, {0, 300}, 20000},
-                    // The fractional quotient counts: 1000 / 7 x 100, not 142 x 100.
-                    NearMissRow{"7 px away", k1v1, 0, 293, {0, 300}, 14285},
-                    NearMissRow{"50 px away", k1v1, 0, 350, {0, 300}, 2000},
-                    NearMissRow{"500 px away from player 1", k1v1, 1, 800, {300, 0}, 200},
-                    NearMissRow{"teams 5 and 4 px", k2v2, 0, 300, {0, 0, 305, 304}, std::nullopt},
-                    NearMissRow{"teams 100 and 300 px", k2v2, 0, 300, {0, 0, 400, 600}, 500},
-                    NearMissRow{"teams from player 2", k2v2, 1, 300, {0, 0, 400, 600}, 500},
-                    NearMissRow{"teams from player 4", k2v2, 3, 300, {400, 600, 0, 0}, 500}));
+
+TEST(Rules, NearMissesEarnLessTheFartherTheNearestEnemy) {
+    // Game, thrower, where it ended, the characters' middles, and the points.
+    const std::optional<int> none;
+    for (const auto& [type, thrower, x, centres, points] :
+         {std::tuple(k1v1, 0, 296, std::array{0, 300, 0, 0}, none),
+          {k1v1, 0, 295, {0, 300}, 20000},
+          // The fractional quotient counts: 1000 / 7 x 100, not 142 x 100.
+          {k1v1, 0, 293, {0, 300}, 14285},
+          {k1v1, 0, 350, {0, 300}, 2000},
+          {k1v1, 1, 800, {300, 0}, 200},
+          {k2v2, 0, 300, {0, 0, 305, 304}, none},
+          {k2v2, 0, 300, {0, 0, 400, 600}, 500},
+          {k2v2, 1, 300, {0, 0, 400, 600}, 500},
+          {k2v2, 3, 300, {400, 600, 0, 0}, 500}})
+        EXPECT_EQ(nearMissPoints(type, thrower, x, centres), points)
+            << "player " << thrower + 1 << " at " << x;
+}
 
 TEST(Rules, HitPointsGoByTheSidesAndAccuracyIsRoundedDown) {
     const struct {
@@ -138,41 +114,30 @@ TEST(Rules, HitPointsGoByTheSidesAndAccuracyIsRoundedDown) {
                 {k2v2, 1, 2, 25000}, {k2v2, 2, 3, -5000}, {k2v2, 3, 0, 25000}};
     for (const auto& h : hits)
         EXPECT_EQ(hitPoints(h.type, h.thrower, h.hit), h.points) << h.thrower << " hits " << h.hit;
-    EXPECT_EQ(accuracyPercent(0, 5), 0);
-    EXPECT_EQ(accuracyPercent(2, 3), 40);
-    EXPECT_EQ(accuracyPercent(1, 2), 33);
-    EXPECT_EQ(accuracyPercent(3, 1), 75);
-    EXPECT_EQ(accuracyPercent(2, 1), 66);
+    // Frags and misses: 0 of 5, 2 of 5, 1 of 3, 3 of 4, 2 of 3.
+    EXPECT_EQ((std::array{accuracyPercent(0, 5), accuracyPercent(2, 3), accuracyPercent(1, 2),
+                          accuracyPercent(3, 1), accuracyPercent(2, 1)}),
+              (std::array{0, 40, 33, 75, 66}));
 }
 
-struct AwardRow {
-    const char* name;
-    int wasted;
-    double kindDraw, chanceDraw;
-    std::optional<ProjectileKind> award;
-};
-void PrintTo(const AwardRow& r, std::ostream* os) { *os << r.name; }
-class AwardRows : public testing::TestWithParam<AwardRow> {};
-
-TEST_P(AwardRows, ShrinkWithWastedThrows) {
-    const AwardRow& r = GetParam();
-    core::Random random;
-    random.queue({r.kindDraw, r.chanceDraw, 0.999});
-    EXPECT_EQ(drawAward(random, r.wasted), r.award);
-    // Only a thrower who wasted one to three throws draws the chance.
-    const bool chance = r.wasted >= 1 && r.wasted <= 3;
-    EXPECT_EQ(random.next(), chance ? 0.999 : r.chanceDraw);
+TEST(Rules, SpecialProjectilesGetRarerWithWastedThrows) {
+    // Throws wasted, the draw of the kind, the draw of the chance, and the award.
+    const std::optional<ProjectileKind> none;
+    for (const auto& [wasted, kindDraw, chanceDraw, award] :
+         {std::tuple(0, 0.5, 0.0, std::optional(ProjectileKind::War)),
+          {0, 0.0, 0.0, ProjectileKind::Nuke},
+          {1, 0.9, 0.23, ProjectileKind::Magnetic},  // 3 beats 2
+          {1, 0.9, 0.2, none},
+          {3, 0.0, 0.45, ProjectileKind::Nuke},  // 5 beats 4
+          {3, 0.0, 0.44, none},
+          {4, 0.0, 0.99, none}}) {
+        core::Random random;
+        random.queue({kindDraw, chanceDraw, 0.999});
+        EXPECT_EQ(drawAward(random, wasted), award) << wasted << " wasted, " << chanceDraw;
+        // Only a thrower who wasted one to three throws draws the chance.
+        EXPECT_EQ(random.next(), wasted >= 1 && wasted <= 3 ? 0.999 : chanceDraw);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rules, AwardRows,
-    testing::Values(AwardRow{"no waste, war", 0, 0.5, 0.0, ProjectileKind::War},
-                    AwardRow{"no waste, nuke", 0, 0.0, 0.0, ProjectileKind::Nuke},
-                    AwardRow{"1 wasted, 3 beats 2", 1, 0.9, 0.23, ProjectileKind::Magnetic},
-                    AwardRow{"1 wasted, 2 does not", 1, 0.9, 0.2, std::nullopt},
-                    AwardRow{"3 wasted, 5 beats 4", 3, 0.0, 0.45, ProjectileKind::Nuke},
-                    AwardRow{"3 wasted, 4 does not", 3, 0.0, 0.44, std::nullopt},
-                    AwardRow{"4 wasted never", 4, 0.0, 0.99, std::nullopt}));
 
 using enum WindDirection;
 
