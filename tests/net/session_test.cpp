@@ -1,7 +1,6 @@
 // A host and its joiners on this machine's loopback, driven by the event loop; the waits of the
 // match (silence in a turn, a greeting that never comes, ticks) run on the virtual clock.
 #include <QTcpServer>
-#include <QTest>
 #include <QtEndian>
 
 #include "net/Guest.h"
@@ -12,8 +11,7 @@
 using game::Command;
 using game::GameType;
 using namespace net;
-using testing_support::RawPeer;
-using testing_support::TestLobby;
+using namespace testing_support;
 using Kind = game::Command::Kind;
 
 namespace {
@@ -61,8 +59,7 @@ protected:
 
     Joiner& Join(const QString& name, const QString& code = kCode, const QString& version = "2.0.0",
                  const std::vector<FileDigest>& data = kData, quint16 port = 0) {
-        joiners.push_back(std::make_unique<Joiner>(version, data));
-        Joiner* j = joiners.back().get();
+        Joiner* j = joiners.emplace_back(std::make_unique<Joiner>(version, data)).get();
         Guest* g = &j->guest;
         QObject::connect(g, &Guest::refused, [j](const QString& why) { j->refused << why; });
         QObject::connect(g, &Guest::hostLeft, [j](const QString& why) { j->hostLeft << why; });
@@ -74,27 +71,27 @@ protected:
         g->join(QStringLiteral("127.0.0.1:%1").arg(port ? port : host.port()), code, name);
         return *j;
     }
-    Joiner& Seated(const QString& name) {
-        Joiner& j = Join(name);
+    Joiner& Seated(const QString& name, const QString& code = kCode) {
+        Joiner& j = Join(name, code);
         EXPECT_TRUE(Wait([&] { return j.welcomed; })) << j.refused.join(";").toStdString();
         return j;
     }
     // A bare socket that says hello as `name` and is given `seat`.
     RawPeer& RawSeated(const QString& name, int seat) {
-        raws.push_back(std::make_unique<RawPeer>(host.port()));
-        raws.back()->Send(Hello{1, "2.0.0", kCode, name, kData});
+        RawPeer& raw = *raws.emplace_back(std::make_unique<RawPeer>(host.port()));
+        raw.Send(Hello{1, "2.0.0", kCode, name, kData});
         EXPECT_TRUE(Wait([&] { return host.taken(seat); }));
-        return *raws.back();
+        return raw;
     }
-    // A host played by hand, holding Al's hello.
-    RawPeer& ByHand(Joiner*& al) {
-        fakes.push_back(std::make_unique<QTcpServer>());
-        EXPECT_TRUE(fakes.back()->listen(QHostAddress::LocalHost, 0));
-        al = &Join("Al", kCode, "2.0.0", kData, fakes.back()->serverPort());
-        EXPECT_TRUE(Wait([&] { return fakes.back()->hasPendingConnections(); }));
-        raws.push_back(std::make_unique<RawPeer>(fakes.back()->nextPendingConnection()));
-        As<Hello>(raws.back()->Next());
-        return *raws.back();
+    // A host played by hand, holding the hello of the joiner it returns.
+    std::pair<RawPeer&, Joiner&> ByHand() {
+        QTcpServer& fake = *fakes.emplace_back(std::make_unique<QTcpServer>());
+        EXPECT_TRUE(fake.listen(QHostAddress::LocalHost, 0));
+        Joiner& al = Join("Al", kCode, "2.0.0", kData, fake.serverPort());
+        EXPECT_TRUE(Wait([&] { return fake.hasPendingConnections(); }));
+        RawPeer& raw = *raws.emplace_back(std::make_unique<RawPeer>(fake.nextPendingConnection()));
+        As<Hello>(raw.Next());
+        return {raw, al};
     }
 
     ui::VirtualClock clock;  // first, so that it outlives every timer
@@ -111,11 +108,9 @@ protected:
 TEST_F(Session, CommandsReachEveryMachineInOneOrderWithTheHostsStampsAndDigestsAreCompared) {
     ASSERT_TRUE(host.open(TestLobby(GameType::TwoVsTwo, {1, 2}), kCode, 0));
     EXPECT_FALSE(host.start());  // seats still wait
-    Joiner& a = Join("Al", "  Otter LAMP brave ");
-    ASSERT_TRUE(Wait([&] { return a.welcomed; })) << a.refused.join(";").toStdString();
+    Joiner& a = Seated("Al", "  Otter LAMP brave ");
     Joiner& b = Seated("Bea");
-    EXPECT_EQ(a.guest.seat(), 1);
-    EXPECT_EQ(b.guest.seat(), 2);
+    EXPECT_EQ(std::pair(a.guest.seat(), b.guest.seat()), std::pair(1, 2));
     ASSERT_TRUE(b.guest.chooseSeat("Bea", "Sorcerer Grumbo"));
     // Every joiner sees the lobby change.
     ASSERT_TRUE(
@@ -164,6 +159,7 @@ TEST_F(Session, CommandsReachEveryMachineInOneOrderWithTheHostsStampsAndDigestsA
 
 TEST_F(Session, RefusesWrongCodeOtherVersionsOtherDataAndAFullMatch) {
     ASSERT_TRUE(host.open(TestLobby(GameType::OneVsOne, {1}), kCode, 0));
+    Seated("Al");
     std::vector<FileDigest> otherData = kData;
     otherData[1].hash = 8;
     const std::pair<Joiner*, const char*> rows[] = {
@@ -172,6 +168,7 @@ TEST_F(Session, RefusesWrongCodeOtherVersionsOtherDataAndAFullMatch) {
          "the host plays version 2.0.0 of the game, the joining computer 1.9.0"},
         {&Join("Al", kCode, "2.0.0", otherData),
          "the game's data differs: sounds/throw.wav differs"},
+        {&Join("Bo"), "the match is full"},
     };
     for (const auto& [joiner, says] : rows) {
         ASSERT_TRUE(Wait([&] { return !joiner->refused.isEmpty(); }));
@@ -180,21 +177,19 @@ TEST_F(Session, RefusesWrongCodeOtherVersionsOtherDataAndAFullMatch) {
     RawPeer future(host.port());
     future.Send(Hello{2, "3.0.0", kCode, "Al", {}});
     EXPECT_TRUE(As<Refused>(future.Next()).reason.contains(QLatin1String("network version 1")));
-
-    Seated("Al");
-    Joiner& late = Join("Bo");
-    ASSERT_TRUE(Wait([&] { return !late.refused.isEmpty(); }));
-    EXPECT_EQ(late.refused, QStringList{"the match is full"});
     EXPECT_EQ(turnedAway.size(), 5);
 }
 
-TEST_F(Session, GarbageAndHugeFramesCostTheHostNothing) {
+TEST_F(Session, GarbageHugeFramesOrCommandsOutOfTurnSendAJoinerAwayAndCostTheHostNothing) {
     ASSERT_TRUE(host.open(TestLobby(GameType::OneVsOne, {1}), kCode, 0));
-    RawPeer web(host.port()), junk(host.port()), huge(host.port());
+    RawPeer web(host.port()), junk(host.port()), huge(host.port()), early(host.port());
     web.SendBytes("GET / HTTP/1.1\r\nHost: grumbo\r\n\r\n");
     EXPECT_TRUE(web.Closed());
     junk.SendBytes(QByteArray("\0\0\0\4\xff\xfe\xfd\xfc", 8));
     EXPECT_TRUE(junk.Closed());
+    early.Send(CommandMessage{{0, 1, Kind::Throw, "", 0}});
+    EXPECT_EQ(As<Refused>(early.Next()).reason, "\"command\" before hello");
+    EXPECT_TRUE(early.Closed());
 
     QByteArray header(4, '\0');
     qToBigEndian<quint32>(100u << 20, header.data());
@@ -207,21 +202,12 @@ TEST_F(Session, GarbageAndHugeFramesCostTheHostNothing) {
                most > kLargestGreeting;
     }));
     EXPECT_LT(most, kLargestMessage);
-    ASSERT_EQ(turnedAway.size(), 3);
-    EXPECT_TRUE(turnedAway[2].contains(QLatin1String("104857600"))) << turnedAway[2].toStdString();
-    Seated("Al");  // the host still seats a proper joiner
-}
+    ASSERT_EQ(turnedAway.size(), 4);
+    EXPECT_TRUE(turnedAway[3].contains(QLatin1String("104857600"))) << turnedAway[3].toStdString();
 
-TEST_F(Session, AJoinerOutOfOrderOrPlayingAnothersSeatIsSentAway) {
-    ASSERT_TRUE(host.open(TestLobby(GameType::OneVsOne, {1}), kCode, 0));
-    RawPeer early(host.port());
-    early.Send(CommandMessage{{0, 1, Kind::Throw, "", 0}});
-    EXPECT_EQ(As<Refused>(early.Next()).reason, "\"command\" before hello");
-    EXPECT_TRUE(early.Closed());
-
-    RawPeer raw(host.port());
-    raw.Send(Hello{1, "2.0.0", kCode, "Rawley", kData});
-    EXPECT_EQ(As<Welcome>(raw.Next()).seat, 1);
+    // The host still seats a proper joiner, and sends him away for playing another's seat.
+    RawPeer& raw = RawSeated("Rawley", 1);
+    As<Welcome>(raw.Next());
     ASSERT_TRUE(host.start());
     As<Start>(raw.Next());
     raw.Send(CommandMessage{{0, 0, Kind::Throw, "", 0}});
@@ -229,27 +215,6 @@ TEST_F(Session, AJoinerOutOfOrderOrPlayingAnothersSeatIsSentAway) {
     EXPECT_TRUE(raw.Closed());
     EXPECT_EQ(left, QStringList{"1 Rawley: a command for player 1, whose seat is not yours"});
     EXPECT_TRUE(commands.empty());
-}
-
-TEST_F(Session, AHostOutOfOrderIsLeft) {
-    Joiner* first = nullptr;
-    ByHand(first).Send(CommandMessage{{10, 0, Kind::Throw, "", 0}});
-    ASSERT_TRUE(Wait([&] { return !first->refused.isEmpty(); }));
-    EXPECT_EQ(first->refused,
-              QStringList{"the host broke the rules: \"command\" before the start"});
-    EXPECT_EQ(As<Bye>(raws.back()->Next()).reason, "\"command\" before the start");
-
-    Joiner* second = nullptr;
-    RawPeer& byHand = ByHand(second);
-    const Lobby lobby = TestLobby(GameType::OneVsOne, {1});
-    byHand.Send(Welcome{1, lobby});
-    byHand.Send(Start{lobby});
-    byHand.Send(CommandMessage{{500, 0, Kind::Throw, "", 0}});
-    byHand.Send(CommandMessage{{400, 0, Kind::Throw, "", 0}});
-    ASSERT_TRUE(Wait([&] { return !second->hostLeft.isEmpty(); }));
-    EXPECT_EQ(second->hostLeft,
-              QStringList{"the host broke the rules: \"command\" earlier than the last"});
-    EXPECT_EQ(second->commands.size(), 1u);
 }
 
 TEST_F(Session, WhoeverLeavesOrDropsIsNamedOnTheOtherSide) {
@@ -266,14 +231,32 @@ TEST_F(Session, WhoeverLeavesOrDropsIsNamedOnTheOtherSide) {
     host.close("the host quit");
     EXPECT_TRUE(Wait([&] { return bea.hostLeft == QStringList{"the host quit"}; }));
 
-    Joiner* eve = nullptr;
-    RawPeer& byHand = ByHand(eve);
+    auto [byHand, eve] = ByHand();
     byHand.Send(Welcome{1, TestLobby(GameType::OneVsOne, {1})});
-    ASSERT_TRUE(Wait([&] { return eve->welcomed; }));
+    ASSERT_TRUE(Wait([&] { return eve.welcomed; }));
     byHand.socket().abort();
-    ASSERT_TRUE(Wait([&] { return !eve->hostLeft.isEmpty(); }));
-    EXPECT_TRUE(eve->hostLeft[0].startsWith(QLatin1String("the host is gone")))
-        << eve->hostLeft[0].toStdString();
+    ASSERT_TRUE(Wait([&] { return !eve.hostLeft.isEmpty(); }));
+    EXPECT_TRUE(eve.hostLeft[0].startsWith(QLatin1String("the host is gone")))
+        << eve.hostLeft[0].toStdString();
+}
+
+TEST_F(Session, AHostOutOfOrderIsLeft) {
+    auto [first, al] = ByHand();
+    first.Send(CommandMessage{{10, 0, Kind::Throw, "", 0}});
+    ASSERT_TRUE(Wait([&] { return !al.refused.isEmpty(); }));
+    EXPECT_EQ(al.refused, QStringList{"the host broke the rules: \"command\" before the start"});
+    EXPECT_EQ(As<Bye>(first.Next()).reason, "\"command\" before the start");
+
+    auto [second, bo] = ByHand();
+    const Lobby lobby = TestLobby(GameType::OneVsOne, {1});
+    second.Send(Welcome{1, lobby});
+    second.Send(Start{lobby});
+    second.Send(CommandMessage{{500, 0, Kind::Throw, "", 0}});
+    second.Send(CommandMessage{{400, 0, Kind::Throw, "", 0}});
+    ASSERT_TRUE(Wait([&] { return !bo.hostLeft.isEmpty(); }));
+    EXPECT_EQ(bo.hostLeft,
+              QStringList{"the host broke the rules: \"command\" earlier than the last"});
+    EXPECT_EQ(bo.commands.size(), 1u);
 }
 
 TEST_F(Session, SilenceInAJoinersTurnSendsHimAwayOnTheVirtualClock) {
