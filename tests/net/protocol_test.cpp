@@ -133,14 +133,13 @@ TEST(JoinCode, ThreeOfOurWordsTakenHoweverTyped) {
     QSet<QString> codes;
     for (int i = 0; i < 20; ++i) codes << makeJoinCode(random);
     EXPECT_GT(codes.size(), 15);
-    for (const QString& w : codes.values().join(' ').split(' '))
-        EXPECT_TRUE(joinWords().contains(w));
-    EXPECT_EQ(codes.values().join(' ').split(' ').size(), codes.size() * 3);
-    EXPECT_TRUE(
-        sameJoinCode(QStringLiteral("  Otter LAMP   brave "), QStringLiteral("otter lamp brave")));
-    EXPECT_FALSE(sameJoinCode(QStringLiteral("otter lamp"), QStringLiteral("otter lamp brave")));
-    EXPECT_FALSE(
-        sameJoinCode(QStringLiteral("otterlamp brave"), QStringLiteral("otter lamp brave")));
+    const QStringList words = codes.values().join(' ').split(' ');
+    EXPECT_EQ(words.size(), codes.size() * 3);
+    for (const QString& w : words) EXPECT_TRUE(joinWords().contains(w)) << w.toStdString();
+    const QString code = QStringLiteral("otter lamp brave");
+    EXPECT_TRUE(sameJoinCode(QStringLiteral("  Otter LAMP   brave "), code));
+    for (const char* other : {"otter lamp", "otterlamp brave", ""})
+        EXPECT_FALSE(sameJoinCode(QString::fromLatin1(other), code)) << other;
     EXPECT_FALSE(sameJoinCode(QString(), QStringLiteral("  ")));
 }
 
