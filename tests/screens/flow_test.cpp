@@ -32,10 +32,9 @@ TEST_F(Flow, CloseBoxesBeforeAMatchLeadOnlyToAMatchWhoseEveryPlayerHasChosen) {
 }
 
 TEST_F(Flow, EveryButtonOfThePauseAndTheGameOverBoxLeadsWhereItShould) {
-    const QStringList paused{"Game Paused", "Resume", "Start Over", "Quit"};
-    const QStringList over{"Thanks for Playing", "Play Again", "View Credits", "Quit"};
     // Whether the match ended, the button (or the window system closing the box, which has no
     // close box), the windows left up, and the key that leaves the credits (none: their close box).
+    // The boxes' captions are for the golden pictures to show.
     const std::tuple<bool, const char*, QStringList, Qt::Key> rows[] = {
         {false, "Resume", {"Ann - 0 pts"}, {}},
         {false, "Start Over", {"Setup"}, {}},
@@ -54,7 +53,6 @@ TEST_F(Flow, EveryButtonOfThePauseAndTheGameOverBoxLeadsWhereItShould) {
         if (ended) ASSERT_TRUE(Win());
         else Tap(game::key::kEscape);
         ASSERT_TRUE(f.box() && f.box()->isVisible());
-        EXPECT_EQ(f.box()->texts(), ended ? over : paused);
         EXPECT_FALSE(f.match()->strip()->isEnabled());
         sound.tunes.clear();
         if (QLatin1String(button) == kClosed) f.box()->close();
