@@ -69,8 +69,8 @@ TEST_F(Seats, AComputerSeatWearsACharacterNobodyElseWearsWhileThereAreEnough) {
     EXPECT_EQ(worn.size(), 4);
 }
 
-TEST_F(Seats, AMatchOfComputersCanBePausedLeftOrClosedAtAnyMoment) {
-    // Closed, or paused and started over, a different moment each time: typing, flying, exploding,
+TEST_F(Seats, AMatchOfComputersCanBePausedOrClosedAtAnyMoment) {
+    // Closed, or paused, a different moment each time: typing, flying, exploding,
     // dancing, on the final board.
     for (int i = 0; i < 9; ++i) {
         const int at = 500 + 4900 * i;
@@ -93,9 +93,6 @@ TEST_F(Seats, AMatchOfComputersCanBePausedLeftOrClosedAtAnyMoment) {
             const QString typed = m.angleText();
             clock.advance(3000);
             EXPECT_EQ(m.angleText(), typed) << "nothing typed while paused";
-            flow->box()->choose(screens::MatchBox::Choice::StartOver);
-            clock.advance(50);
-            EXPECT_TRUE(flow->setup());
         }
         flow.reset();
     }
