@@ -186,25 +186,6 @@ TEST_F(Session, RefusesWrongCodeOtherVersionsOtherDataAndAFullMatch) {
     EXPECT_EQ(turnedAway.size(), 5);
 }
 
-// Garbage, a 100 MB frame and machines that die without a word are the real programs' to show
-// (tests/e2e/network.sh).
-TEST_F(Session, AJoinerOutOfOrderOrPlayingAnothersSeatIsSentAway) {
-    ASSERT_TRUE(host.open(TestLobby(GameType::OneVsOne, {1}), kCode, 0));
-    RawPeer early(host.port());
-    early.Send(CommandMessage{{0, 1, Kind::Throw, "", 0}});
-    EXPECT_EQ(As<Refused>(early.Next()).reason, "\"command\" before hello");
-    EXPECT_TRUE(early.Closed());
-    RawPeer& raw = RawSeated("Rawley", 1);
-    As<Welcome>(raw.Next());
-    ASSERT_TRUE(host.start());
-    As<Start>(raw.Next());
-    raw.Send(CommandMessage{{0, 0, Kind::Throw, "", 0}});
-    EXPECT_EQ(As<Bye>(raw.Next()).reason, "a command for player 1, whose seat is not yours");
-    EXPECT_TRUE(raw.Closed());
-    EXPECT_EQ(left, QStringList{"1 Rawley: a command for player 1, whose seat is not yours"});
-    EXPECT_TRUE(commands.empty());
-}
-
 TEST_F(Session, AHostOutOfOrderIsLeft) {
     auto [first, al] = ByHand();
     first.Send(CommandMessage{{10, 0, Kind::Throw, "", 0}});
@@ -224,15 +205,30 @@ TEST_F(Session, AHostOutOfOrderIsLeft) {
     EXPECT_EQ(bo.commands.size(), 1u);
 }
 
-TEST_F(Session, SilenceInAJoinersTurnSendsHimAwayOnTheVirtualClock) {
-    ASSERT_TRUE(host.open(TestLobby(GameType::TwoVsTwo, {1, 2}), kCode, 0));
-    RawPeer mute(host.port());
+// Garbage, a 100 MB frame and machines that die without a word are the real programs' to show
+// (tests/e2e/network.sh).
+TEST_F(Session, AJoinerOutOfOrderOrInAnothersSeatOrSilentInHisTurnIsSentAway) {
+    ASSERT_TRUE(host.open(TestLobby(GameType::TwoVsTwo, {1, 2, 3}), kCode, 0));
+    RawPeer mute(host.port()), early(host.port());
+    early.Send(CommandMessage{{0, 1, Kind::Throw, "", 0}});
+    EXPECT_EQ(As<Refused>(early.Next()).reason, "\"command\" before hello");
+    EXPECT_TRUE(early.Closed());
     clock.advance(Host::kGreetingMs + 1000);
     EXPECT_EQ(As<Refused>(mute.Next()).reason, "no hello within 10 s");
 
     RawPeer& raw = RawSeated("Rawley", 1);
     Seated("Al");
+    RawPeer& cheat = RawSeated("Cheat", 3);
     ASSERT_TRUE(host.start());
+    As<Welcome>(cheat.Next());
+    As<Start>(cheat.Next());
+    cheat.Send(CommandMessage{{0, 0, Kind::Throw, "", 0}});
+    EXPECT_EQ(As<Bye>(cheat.Next()).reason, "a command for player 1, whose seat is not yours");
+    EXPECT_TRUE(cheat.Closed());
+    EXPECT_EQ(left, QStringList{"3 Cheat: a command for player 1, whose seat is not yours"});
+    EXPECT_TRUE(commands.empty());
+    left.clear();
+
     host.setTurn(0);
     clock.advance(40'000);
     // Al's machine shows it is there, though Al does nothing.
