@@ -87,23 +87,15 @@ TEST_F(ComputerTurn, TheStripFollowsItsTypingItsChoiceAndItsPressOfThrowButNotAP
         SCOPED_TRACE(testing::Message() << before << " ms before the throw");
         const bool typingAngle =
             now.velocity.isEmpty() && !now.angle.isEmpty() && now.angle != seen.back().angle;
-        if (typingAngle) {
-            ASSERT_EQ(now.focus, s.angleBox()) << "typing the angle";
-        }
-        if (!now.velocity.isEmpty()) {
-            ASSERT_EQ(now.focus, s.velocityBox()) << "typing the velocity";
-        }
+        ASSERT_TRUE(!typingAngle || now.focus == s.angleBox()) << "typing the angle";
+        ASSERT_TRUE(now.velocity.isEmpty() || now.focus == s.velocityBox())
+            << "typing the velocity";
         // The frame stands at its choice for a clear moment before the throw.
-        if (before <= 500) {
-            ASSERT_EQ(now.frameLeft, frameAtChoice);
-        }
+        ASSERT_TRUE(before > 500 || now.frameLeft == frameAtChoice);
         // Throw goes down a moment before the throw, looking like a person's press.
-        if (before <= Autopilot::kThrowHeldMs - 10) {
-            ASSERT_TRUE(now.throwDown && now.throwEnabled);
-        }
-        if (before > Autopilot::kThrowHeldMs + 10) {
-            ASSERT_FALSE(now.throwDown || now.throwEnabled) << "a person could throw for it";
-        }
+        ASSERT_TRUE(before > Autopilot::kThrowHeldMs - 10 || (now.throwDown && now.throwEnabled));
+        ASSERT_FALSE(before > Autopilot::kThrowHeldMs + 10 && (now.throwDown || now.throwEnabled))
+            << "a person could throw for it";
     }
     EXPECT_FALSE(s.throwButton()->isDown()) << "released with the throw";
     // The boxes showing its typing send nothing of their own, nor did the person's hands: a
