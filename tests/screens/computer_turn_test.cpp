@@ -119,6 +119,11 @@ TEST_F(ComputerTurn, AClickOnThrowWhileTheComputerHoldsItThrowsNothingForIt) {
     ASSERT_TRUE(clock.runUntil([&] { return match().phase() == game::Phase::Flying; },
                                Autopilot::kThrowHeldMs));
     EXPECT_EQ(QString::number(match().flight().velocity), velocity);
+    // Closing the match window in the midst of it all ends the program; every other stage is
+    // for the real program to show (tests/e2e/closing.sh).
+    flow->match()->close();
+    clock.advance(50);
+    EXPECT_EQ(quits, 1);
 }
 
 }  // namespace

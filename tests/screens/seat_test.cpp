@@ -1,6 +1,5 @@
 // The computer's seats from the program's start to the match window: each player's pass of the
-// selection offers the seat, a computer wears a character of its own, and a match of computers
-// can be left at any moment.
+// selection offers the seat, and a computer wears a character of its own.
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
@@ -67,35 +66,6 @@ TEST_F(Seats, AComputerSeatWearsACharacterNobodyElseWearsWhileThereAreEnough) {
     ASSERT_TRUE(flow->match());
     worn.removeDuplicates();
     EXPECT_EQ(worn.size(), 4);
-}
-
-TEST_F(Seats, AMatchOfComputersCanBePausedOrClosedAtAnyMoment) {
-    // Closed, or paused, a different moment each time: typing, flying, exploding,
-    // dancing, on the final board.
-    for (int i = 0; i < 9; ++i) {
-        const int at = 500 + 4900 * i;
-        SCOPED_TRACE(testing::Message() << at << " ms into the match");
-        ToPlayers(2, {game::Skill::Hard, game::Skill::Hard}).next();
-        flow->players()->next();
-        ASSERT_TRUE(flow->match());
-        quits = 0;
-        clock.advance(at);
-        if (i % 2 == 0) {
-            flow->match()->close();
-            clock.advance(50);
-            EXPECT_EQ(quits, 1);
-            EXPECT_FALSE(flow->match());
-        } else if (const game::Match& m = flow->match()->match();
-                   std::max(m.leftScore(), m.rightScore()) < m.settings().fragLimit) {
-            // (From the deciding hit on, Escape opens nothing: the game-over box is coming.)
-            Tap(game::key::kEscape);
-            ASSERT_TRUE(flow->box());
-            const QString typed = m.angleText();
-            clock.advance(3000);
-            EXPECT_EQ(m.angleText(), typed) << "nothing typed while paused";
-        }
-        flow.reset();
-    }
 }
 
 }  // namespace
