@@ -20,6 +20,9 @@ const char* const kClosed = "closed by the window system";
 
 // Whether the program then ends is for runs of the real program to show (tests/e2e/closing.sh).
 TEST_F(Flow, CloseBoxesBeforeAMatchLeadOnlyToAMatchWhoseEveryPlayerHasChosen) {
+    StartProgram().title()->close();
+    Click(StartProgram().title(), "Exit");
+    EXPECT_EQ(quits, 2) << "the title's close box and Exit end the program";
     Click(StartProgram().title(), "Start");
     EXPECT_EQ(VisibleWindows(), QStringList{"Setup"});
     ToPlayers().back();
@@ -29,6 +32,7 @@ TEST_F(Flow, CloseBoxesBeforeAMatchLeadOnlyToAMatchWhoseEveryPlayerHasChosen) {
     QTest::keyClicks(ToPlayers(4).nameBox, "Ann\rBo\r");
     flow->players()->close();
     EXPECT_TRUE(VisibleWindows().isEmpty() && !flow->match()) << "players 3 and 4 have not chosen";
+    EXPECT_EQ(quits, 4) << "and the program ends";
 }
 
 TEST_F(Flow, EveryButtonOfThePauseAndTheGameOverBoxLeadsWhereItShould) {
@@ -59,6 +63,7 @@ TEST_F(Flow, EveryButtonOfThePauseAndTheGameOverBoxLeadsWhereItShould) {
         else Click(f.box(), button);
         clock.advance(20);
         EXPECT_EQ(VisibleWindows(), windows);
+        EXPECT_EQ(quits, windows.isEmpty() ? 1 : 0) << "the program ends with its last window";
         if (f.match()) EXPECT_TRUE(f.match()->strip()->isEnabled() && !f.match()->match().paused());
         else EXPECT_EQ(sound.tunes.value(0).left(6), "close ") << "the music stops";
         if (!f.credits()) continue;
