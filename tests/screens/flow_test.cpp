@@ -3,6 +3,7 @@
 // second match of the same run with player selection left and taken up again.
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QTest>
 
@@ -176,6 +177,7 @@ TEST_F(Flow, ASecondMatchAfterPlayAgainStartsAfreshButKeepsWhatNothingResets) {
               std::tuple(0, 0, 1, 3));
     QTest::keyClicks(f.match()->strip()->angleBox(), "4a-5. 67");
     EXPECT_EQ(m.angleText(), "456") << "digits only, three at most";
+    EXPECT_FALSE(f.match()->strip()->throwButton()->isEnabled()) << "no velocity yet";
 }
 
 }  // namespace
