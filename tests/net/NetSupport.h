@@ -30,8 +30,7 @@ public:
     // Connected to the host on `port` of this machine.
     explicit RawPeer(quint16 port) : RawPeer(new QTcpSocket) {
         socket_->connectToHost(QHostAddress::LocalHost, port);
-        EXPECT_TRUE(QTest::qWaitFor(
-            [&] { return socket_->state() == QAbstractSocket::ConnectedState; }, 5000));
+        EXPECT_TRUE(socket_->waitForConnected(5000));
     }
     explicit RawPeer(QTcpSocket* connected) : socket_(connected) {}
     void Send(const net::Message& m) { SendBytes(net::frame(m)); }
@@ -50,7 +49,6 @@ public:
         return QTest::qWaitFor(
             [&] { return socket_->state() == QAbstractSocket::UnconnectedState; }, 5000);
     }
-    QTcpSocket& socket() { return *socket_; }
 
 private:
     std::unique_ptr<QTcpSocket> socket_;

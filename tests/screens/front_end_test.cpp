@@ -8,15 +8,14 @@
 #include <QSlider>
 #include <QTest>
 
-#include "TestSupport.h"
-#include "ui/ArrowControl.h"
+#include "ScreensFlow.h"
 #include "ui/CanvasWidget.h"
 
 using namespace testing_support;
 
 namespace {
 
-using FrontEnd = ScreensTest;
+using FrontEnd = FlowTest;
 
 // The display boxes beside the controls, in the order of the screen's labels.
 QString Shown(const screens::SetupScreen& s) {
@@ -119,11 +118,7 @@ bool Wears(const game::Figure& figure, const QString& character) {
 TEST_F(FrontEnd, EachOfFourPlayersChoosesInTurnAndTheLastPassStartsTheMatch) {
     const QStringList typed{"ABCDEFGHIJKLMNOP", "Bo", "Cy", "Dee"};
     const QStringList worn{"Rapper Grumbo", "Robo Grumbo", "Sorcerer Grumbo", "Space Grumbo"};
-    app::ScreenFlow& f = StartProgram();
-    f.title()->start();
-    QTest::keyClick(f.setup()->gameType, Qt::Key_Up);
-    f.setup()->next();
-    screens::PlayerScreen& p = *f.players();
+    screens::PlayerScreen& p = ToPlayers(4);
     QTest::keyClick(p.nameBox, Qt::Key_Return);
     EXPECT_EQ(messages, QStringList{"Enter a player name"});
     for (int k = 0; k < 4; ++k) {
@@ -134,26 +129,13 @@ TEST_F(FrontEnd, EachOfFourPlayersChoosesInTurnAndTheLastPassStartsTheMatch) {
     ASSERT_TRUE(RoundStands());
     EXPECT_EQ(VisibleWindows(), QStringList{"ABCDEFGHIJKLMNO - 0 pts"}) << "no loading box";
     for (int k = 0; k < 4; ++k) {
-        EXPECT_EQ(f.match()->match().name(k), typed[k].left(15));
-        EXPECT_TRUE(Wears(f.match()->match().figure(k), worn[k])) << k;
+        EXPECT_EQ(flow->match()->match().name(k), typed[k].left(15));
+        EXPECT_TRUE(Wears(flow->match()->match().figure(k), worn[k])) << k;
     }
 }
 
-TEST_F(FrontEnd, AfterTheEmptyNameMessageTheNameBoxHasTheKeyboard) {
-    StartProgram().title()->start();
-    flow->setup()->next();
-    screens::PlayerScreen& players = *flow->players();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&players));
-    // A click on "Next" takes the keyboard to the button before the message shows.
-    QTest::mouseClick(players.nextButton, Qt::LeftButton);
-    EXPECT_EQ(messages, QStringList{"Enter a player name"});
-    ASSERT_TRUE(players.nameBox->hasFocus());
-}
-
-TEST_F(FrontEnd, NamesCountCharactersAsPlayersSeeThemAndKeepNoControlCharacters) {
-    StartProgram().title()->start();
-    flow->setup()->next();
-    screens::PlayerScreen& players = *flow->players();
+TEST_F(FrontEnd, TheNameBoxCountsCharactersAsPlayersSeeThemAndHasTheKeyboardAfterAMessage) {
+    screens::PlayerScreen& players = ToPlayers();
     QLineEdit& box = *players.nameBox;
     box.insert(QStringLiteral("Ann\tB\no\x1b\x7f\r\u2028"));
     EXPECT_EQ(box.text(), "AnnBo") << "pasted tab, newline, escape, delete and line separator";
@@ -168,6 +150,10 @@ TEST_F(FrontEnd, NamesCountCharactersAsPlayersSeeThemAndKeepNoControlCharacters)
     QTest::mouseClick(players.backButton, Qt::LeftButton);
     flow->setup()->next();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&players));
+    EXPECT_TRUE(box.hasFocus());
+    // A click on "Next" takes the keyboard to the button before the message shows.
+    QTest::mouseClick(players.nextButton, Qt::LeftButton);
+    EXPECT_EQ(messages, QStringList{"Enter a player name"});
     EXPECT_TRUE(box.hasFocus());
 }
 

@@ -20,15 +20,21 @@ namespace {
 
 class NetworkScreens : public ScreensTest {
 protected:
-    // A player screen whose choices and finishing land in `chosen` and `done`.
+    // A player screen whose choices, as "player|name|character|skill|where", land in `chosen`.
     std::unique_ptr<screens::PlayerScreen> Players() {
         auto p = std::make_unique<screens::PlayerScreen>(ShippedData(), sound);
-        p->onChosen = [this](const screens::PlayerScreen::Choice& c) { chosen.push_back(c); };
+        p->onChosen = [this](const screens::PlayerScreen::Choice& c) {
+            const QString skill =
+                c.seat ? QStringList{"Easy", "Normal", "Hard"}[int(*c.seat)] : "-";
+            chosen << QStringLiteral("%1|%2|%3|%4|%5")
+                          .arg(c.player)
+                          .arg(c.name, c.character, skill, c.remote ? "elsewhere" : "here");
+        };
         p->onDone = [this] { ++done; };
         p->onBack = [this] { ++backs; };
         return p;
     }
-    std::vector<screens::PlayerScreen::Choice> chosen;
+    QStringList chosen;
     int done = 0, backs = 0;
 };
 
@@ -40,36 +46,23 @@ TEST_F(NetworkScreens, ANetworkSeatExcludesTheComputerAndNeedsNoName) {
     p->computerBox->setChecked(true);
     p->networkBox->setChecked(true);
     EXPECT_FALSE(p->computerBox->isChecked());
-    EXPECT_FALSE(p->skillBox->isEnabled());
-    EXPECT_FALSE(p->nameBox->isEnabled());
-    EXPECT_FALSE(p->browser->isEnabled());
+    EXPECT_FALSE(p->skillBox->isEnabled() || p->nameBox->isEnabled() || p->browser->isEnabled());
     p->computerBox->setChecked(true);
     EXPECT_FALSE(p->networkBox->isChecked());
-    EXPECT_TRUE(p->nameBox->isEnabled()) << "the computer's name box stays open";
-    EXPECT_TRUE(p->browser->isEnabled());
+    EXPECT_TRUE(p->nameBox->isEnabled() && p->browser->isEnabled()) << "as the computer's";
     p->computerBox->setChecked(false);
-    QTest::keyClicks(p->nameBox, QStringLiteral("Ann"));
-    p->next();
+    QTest::keyClicks(p->nameBox, QStringLiteral("Ann\r"));
     // Seat 2 is preset both to the computer and to the network: the player elsewhere has it.
     EXPECT_EQ(p->windowTitle(), "Player 2");
-    EXPECT_TRUE(p->networkBox->isChecked());
-    EXPECT_FALSE(p->computerBox->isChecked());
+    EXPECT_TRUE(p->networkBox->isChecked() && !p->computerBox->isChecked());
     EXPECT_FALSE(p->nameBox->isEnabled());
     p->next();
     EXPECT_TRUE(messages.isEmpty()) << "no name is asked for a seat played elsewhere";
-    ASSERT_EQ(chosen.size(), 2u);
-    EXPECT_EQ(chosen[0].name, "Ann");
-    EXPECT_FALSE(chosen[0].remote);
-    EXPECT_EQ(chosen[1].player, 1);
-    EXPECT_TRUE(chosen[1].remote);
-    EXPECT_TRUE(chosen[1].name.isEmpty());
-    EXPECT_TRUE(chosen[1].character.isEmpty());
-    EXPECT_FALSE(chosen[1].seat);
+    EXPECT_EQ(chosen, (QStringList{"0|Ann|Classic Grumbo|-|here", "1|||-|elsewhere"}));
     EXPECT_EQ(done, 1);
     // Ticked off again, the seat is a person's who must type a name.
     p->back();
-    QTest::keyClicks(p->nameBox, QStringLiteral("Ann"));
-    p->next();
+    QTest::keyClicks(p->nameBox, QStringLiteral("Ann\r"));
     p->networkBox->setChecked(false);
     EXPECT_TRUE(p->nameBox->isEnabled());
     p->next();
@@ -81,42 +74,35 @@ TEST_F(NetworkScreens, TheJoinerChoosesOnceForHisSeat) {
     p->begin(4, {}, {true, true, true, true});
     p->beginJoiner(2, {"Classic Grumbo", "Robo Grumbo"});
     EXPECT_EQ(p->windowTitle(), "Player 3");
-    EXPECT_FALSE(p->networkBox->isVisibleTo(p.get()));
-    EXPECT_FALSE(p->networkBox->isChecked());
-    EXPECT_TRUE(p->nameBox->isEnabled());
+    EXPECT_FALSE(p->networkBox->isVisibleTo(p.get()) || p->networkBox->isChecked());
     EXPECT_EQ(p->characterBox->text(), "Rapper Grumbo") << "the first character nobody wears";
-    QTest::keyClicks(p->nameBox, QStringLiteral("Dee"));
-    p->next();
-    ASSERT_EQ(chosen.size(), 1u);
-    EXPECT_EQ(chosen[0].player, 2);
-    EXPECT_EQ(chosen[0].name, "Dee");
-    EXPECT_EQ(chosen[0].character, "Rapper Grumbo");
-    EXPECT_FALSE(chosen[0].remote);
-    EXPECT_FALSE(chosen[0].seat);
+    QTest::keyClicks(p->nameBox, QStringLiteral("Dee\r"));
     EXPECT_EQ(done, 1) << "one pass is the whole of it";
     // His own computer may play his seat; what nobody wears is kept as it is.
     auto q = Players();
     q->beginJoiner(1, {"Rapper Grumbo"});
-    EXPECT_EQ(q->characterBox->text(), "Classic Grumbo");
     q->computerBox->setChecked(true);
     q->skillBox->setCurrentIndex(0);
     q->next();
-    ASSERT_EQ(chosen.size(), 2u);
     EXPECT_TRUE(messages.isEmpty());
-    EXPECT_EQ(chosen[1].name, "Computer 2");
-    EXPECT_EQ(chosen[1].seat, game::Skill::Easy);
+    EXPECT_EQ(chosen,
+              (QStringList{"2|Dee|Rapper Grumbo|-|here", "1|Computer 2|Classic Grumbo|Easy|here"}));
     EXPECT_EQ(done, 2);
     q->back();
     EXPECT_EQ(backs, 1);
     EXPECT_EQ(q->windowTitle(), "Player 2");
 }
 
-TEST_F(NetworkScreens, TheJoinDialogWantsBothFieldsAndShowsWhyATryFailed) {
+TEST_F(NetworkScreens, TheTitleOpensAJoinDialogThatWantsBothFieldsAndShowsWhyATryFailed) {
     screens::JoinDialog d;
     QStringList joined;
     int cancels = 0;
     d.onJoin = [&](const QString& a, const QString& c) { joined << a + QLatin1Char('|') + c; };
     d.onCancel = [&] { ++cancels; };
+    int joins = 0;
+    StartProgram().title()->onJoin = [&] { ++joins; };
+    Click(flow->title(), "Join...");
+    EXPECT_EQ(joins, 1) << "the title's way in";
     d.codeBox->setText(QStringLiteral("K7Q2"));
     Click(&d, "Join");
     d.addressBox->setText(QStringLiteral("  "));
@@ -124,7 +110,6 @@ TEST_F(NetworkScreens, TheJoinDialogWantsBothFieldsAndShowsWhyATryFailed) {
     d.addressBox->setText(QStringLiteral(" 10.0.0.7:4770 "));
     d.codeBox->clear();
     d.join();
-    EXPECT_TRUE(joined.isEmpty());
     EXPECT_EQ(messages, QStringList({"Enter the host's address", "Enter the host's address",
                                      "Enter the join code"}));
     d.showError(QStringLiteral("Wrong code"));
@@ -138,59 +123,34 @@ TEST_F(NetworkScreens, TheJoinDialogWantsBothFieldsAndShowsWhyATryFailed) {
     EXPECT_EQ(cancels, 2);
 }
 
-TEST_F(NetworkScreens, TheWaitingBoxShowsItsLinesInOrderAndHasRoomForThem) {
+// How the lines look, the address and code among them, is for the golden pictures to show.
+TEST_F(NetworkScreens, TheWaitingBoxShowsItsLinesInOrder) {
     screens::WaitingBox host;
     int cancels = 0;
     host.onCancel = [&] { ++cancels; };
-    host.setAddress({"192.168.1.5", "fe80::1"}, 4770);
-    host.setCode(QStringLiteral("K7Q2"));
     host.setSeat(3, QStringLiteral("waiting..."));
     host.setSeat(1, QStringLiteral("waiting..."));
-    const int before = host.height();
     host.setSeat(1, QStringLiteral("Bob, Rapper Grumbo"));
-    EXPECT_EQ(host.height(), before) << "a seat's line is replaced, not added";
-    EXPECT_EQ(host.lines(),
-              QStringList({"Give the other players this address and code",
-                           "Address: 192.168.1.5:4770", "Address: [fe80::1]:4770", "Code: K7Q2",
-                           "Player 2: Bob, Rapper Grumbo", "Player 4: waiting..."}));
+    EXPECT_EQ(host.lines(), QStringList({"Player 2: Bob, Rapper Grumbo", "Player 4: waiting..."}));
     host.show();
     host.close();
     EXPECT_EQ(cancels, 1);
 
     screens::WaitingBox joiner;
     joiner.setMessage(QStringLiteral("Waiting for the host to start the match..."));
-    joiner.setSettings({.gravity = 7.5,
-                        .gameType = game::GameType::TwoVsTwo,
-                        .timeOfDay = game::TimeOfDay::Night,
-                        .fragLimit = 5,
-                        .windExtremity = 0,
-                        .buildingHeight = 12,
-                        .windGusts = false,
-                        .music = true});
+    // Every field otherwise than by default, as the lines below name them.
+    joiner.setSettings(
+        {7.5, game::GameType::TwoVsTwo, game::TimeOfDay::Night, 5, 0, 12, false, true});
     EXPECT_EQ(
         joiner.lines(),
         QStringList({"Waiting for the host to start the match...", "Gravity Level: 7.5",
                      "Game Type: 2 vs 2", "Time of Day: Night", "Frag Limit: 5",
                      "Wind Extremity: 0", "Building Height: 12", "Wind Gusts: Off", "Music: On"}));
-    // Every line stands above the button, and the button inside the box.
-    for (const QLabel* l : joiner.findChildren<QLabel*>()) {
-        if (l->isHidden()) continue;
-        EXPECT_LE(l->geometry().bottom(), joiner.cancelButton->y());
-    }
-    EXPECT_LE(joiner.cancelButton->geometry().bottom(), joiner.height());
     joiner.setSettings({.gravity = 20, .timeOfDay = game::TimeOfDay::Day, .music = false});
     const QStringList lines = joiner.lines();
     EXPECT_EQ(lines.mid(1, 3),
               QStringList({"Gravity Level: 20", "Game Type: 1 vs 1", "Time of Day: Day"}));
     EXPECT_EQ(lines.mid(7), QStringList({"Wind Gusts: On", "Music: Off"}));
-}
-
-TEST_F(NetworkScreens, TheTitleOpensTheJoinDialog) {
-    app::ScreenFlow& f = StartProgram();
-    int joins = 0;
-    f.title()->onJoin = [&] { ++joins; };
-    Click(f.title(), "Join...");
-    EXPECT_EQ(joins, 1);
 }
 
 }  // namespace

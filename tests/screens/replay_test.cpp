@@ -18,26 +18,10 @@ using namespace testing_support;
 
 namespace {
 
-class Replays : public ScreensTest {
-protected:
-    // A finished match of Ann and Bo, played by the program and kept in `folder`.
-    game::Record PlayedAndKept() {
-        std::vector<game::Record> kept;
-        app::Services services{sound, keys, ShippedData(), [] { return 42u; }, [this] { ++quits; }};
-        services.keepRecord = [&](const game::Record& r) { kept.push_back(r); };
-        flow = std::make_unique<app::ScreenFlow>(services);
-        flow->start();
-        EXPECT_TRUE(ToMatch() && RoundStands() && Win());
-        EXPECT_TRUE(kept.empty()) << "kept once the players leave the board";
-        Click(flow->box(), "Play Again");
-        EXPECT_EQ(kept.size(), 1u);
-        if (kept.empty()) return game::Record();
-        return kept.front();
-    }
-    QTemporaryDir folder;
-};
+using Replays = ScreensTest;
 
 TEST_F(Replays, TheFolderKeepsTheNewest50AndTwoOfOneMillisecondBoth) {
+    QTemporaryDir folder;
     const app::RecordStore store(folder.path() + QStringLiteral("/replays"));
     game::Record r;
     r.seats[0] = r.seats[1] = {QStringLiteral("Ann"), QStringLiteral("Classic Grumbo"), {}};
@@ -55,11 +39,33 @@ TEST_F(Replays, TheFolderKeepsTheNewest50AndTwoOfOneMillisecondBoth) {
     EXPECT_TRUE(app::RecordStore(blocker.fileName()).keep(r, first).isEmpty());
 }
 
-TEST_F(Replays, TheWindowPlaysTheRecordAtItsSpeedAndTakesNoTyping) {
-    const game::Record record = PlayedAndKept();
+TEST_F(Replays, TheCheckAndTheWindowPlayTheRecordAndRefuseOneThatEndsOtherwise) {
+    // A finished match of Ann and Bo, played by the program.
+    std::vector<game::Record> kept;
+    app::Services services{sound, keys, ShippedData(), [] { return 42u; }, [this] { ++quits; }};
+    services.keepRecord = [&](const game::Record& r) { kept.push_back(r); };
+    flow = std::make_unique<app::ScreenFlow>(services);
+    flow->start();
+    ASSERT_TRUE(ToMatch() && RoundStands() && Win());
+    EXPECT_TRUE(kept.empty()) << "kept once the players leave the board";
+    Click(flow->box(), "Play Again");
+    ASSERT_EQ(kept.size(), 1u);
+    const game::Record& record = kept[0];
     ASSERT_TRUE(record.finished);
+    QTemporaryDir folder;
     const app::RecordStore store(folder.path());
     const QString file = store.keep(record, QDateTime::currentDateTime());
+    std::ostringstream out, err;
+    EXPECT_EQ(app::checkReplay(file, ShippedData(), out, err), 0);
+    EXPECT_EQ(out.str().substr(0, 6), "Ann\t1\t") << out.str();
+    game::Record left = record;
+    left.finished = false;
+    const QString leftFile = store.keep(left, QDateTime::currentDateTime().addSecs(1));
+    out.str({});
+    EXPECT_EQ(app::checkReplay(leftFile, ShippedData(), out, err), 2);
+    EXPECT_TRUE(out.str().empty());
+    EXPECT_NE(err.str().find(leftFile.toStdString()), std::string::npos) << err.str();
+
     const app::ReplayFile replay = app::openReplay(file, ShippedData());
     ASSERT_TRUE(replay.setup) << replay.error.toStdString();
     flow->startReplay(*replay.setup, game::Replay(replay.record->commands));
@@ -86,22 +92,6 @@ TEST_F(Replays, TheWindowPlaysTheRecordAtItsSpeedAndTakesNoTyping) {
     QTest::mouseClick(v.strip()->throwButton(), Qt::LeftButton);
     ASSERT_TRUE(clock.runUntil([&] { return m.gameOverShown(); }, 60000));
     EXPECT_EQ(m.commands(), record.commands) << "the record's commands and nothing typed";
-}
-
-TEST_F(Replays, TheCheckPrintsTheBoardOrRefusesARecordThatEndsOtherwise) {
-    game::Record record = PlayedAndKept();
-    const app::RecordStore store(folder.path());
-    std::ostringstream out, err;
-    EXPECT_EQ(
-        app::checkReplay(store.keep(record, QDateTime::currentDateTime()), ShippedData(), out, err),
-        0);
-    EXPECT_EQ(out.str().substr(0, 6), "Ann\t1\t") << out.str();
-    record.finished = false;
-    const QString left = store.keep(record, QDateTime::currentDateTime().addSecs(1));
-    out.str({});
-    EXPECT_EQ(app::checkReplay(left, ShippedData(), out, err), 2);
-    EXPECT_TRUE(out.str().empty());
-    EXPECT_NE(err.str().find(left.toStdString()), std::string::npos) << err.str();
 }
 
 }  // namespace
