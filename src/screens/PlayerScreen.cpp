@@ -185,7 +185,6 @@ void PlayerScreen::begin(int players, const std::array<Seat, 4>& seats,
     fitRows(true);
     worn_.clear();
     pass_ = 0;
-    setWindowTitle(caption(0));
     showSeat();
     // Also when the screen comes back after "Back": the button that was clicked last keeps the
     // keyboard otherwise.
