@@ -63,14 +63,13 @@ TEST(DataFiles, EverySoundIsShortAudiblePcm) {
         ASSERT_NO_THROW(pcm = assetcheck::loadWav(dataPath("sounds/" + name + ".wav")));
         ExpectAudible(pcm, 0.2, name == "g2intro" ? 4.5 : 2.0);
     }
-    // The explosion is 16-bit linear Sun audio, whose header's data size is taken at its word.
-    const assetcheck::Bytes b = assetcheck::readFile(dataPath("Explosion-2.au"));
-    ASSERT_GE(b.size(), 24u);
-    EXPECT_EQ(assetcheck::be(b, 12, 4), 3u);
-    EXPECT_EQ(assetcheck::be(b, 4, 4) + assetcheck::be(b, 8, 4), b.size());
+    // The explosion is 16-bit linear Sun audio (the reader refuses any other), whose header's
+    // data size is taken at its word.
     assetcheck::Pcm pcm;
     ASSERT_NO_THROW(pcm = assetcheck::loadAu(dataPath("Explosion-2.au")));
     ExpectAudible(pcm, 0.5, 5);
+    const assetcheck::Bytes b = assetcheck::readFile(dataPath("Explosion-2.au"));
+    EXPECT_EQ(assetcheck::be(b, 4, 4) + assetcheck::be(b, 8, 4), b.size());
 }
 
 TEST(DataFiles, EveryTuneLastsItsScheduledTime) {

@@ -180,14 +180,13 @@ INSTANTIATE_TEST_SUITE_P(Golden, GoldenRun,
                          testing::Values("day1v1", "night1v1", "codes1v1", "teams2v2", "nuke2v2",
                                          "music1v1"));
 
-class GoldenScreens : public ScreensTest {
-protected:
-    void Expect(QWidget* window, const char* name) {
-        ASSERT_TRUE(window);
-        EXPECT_TRUE(SamePicture(window->grab().toImage(),
-                                QStringLiteral("screen-%1.png").arg(QLatin1String(name))));
-    }
-};
+void Expect(QWidget* window, const char* name) {
+    ASSERT_TRUE(window);
+    EXPECT_TRUE(SamePicture(window->grab().toImage(),
+                            QStringLiteral("screen-%1.png").arg(QLatin1String(name))));
+}
+
+using GoldenScreens = ScreensTest;
 
 TEST_F(GoldenScreens, LookAsRecorded) {
     app::ScreenFlow& f = StartProgram();
