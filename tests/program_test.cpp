@@ -38,14 +38,15 @@ Parsed Parse(const std::string& line) {
 }  // namespace
 
 TEST(CommandLine, AnswersOnTheTerminalAndRefusesWhatItDoesNotKnow) {
-    const Parsed help = Parse("--help");
-    EXPECT_EQ(help.status, 0);
-    EXPECT_NE(help.out.find("--seed"), std::string::npos);
     const Parsed version = Parse("--version");
     EXPECT_EQ(version.status, 0);
     EXPECT_EQ(version.out, "grumbo2 " GRUMBO_VERSION "\n");
-    for (const char* bad : {"--fullscreen", "--scale 5", "--scale 0", "--scale", "--scale=2x",
-                            "--seed -1", "--seed forty", "game.sav"}) {
+    // The last two have nothing to check and no file to replay.
+    for (const char* bad :
+         {"--fullscreen", "--scale 5", "--scale 0", "--scale", "--scale=2x", "--seed -1",
+          "--seed forty", "game.sav", "--remote 2 --computer 2", "--remote 5", "--port 0",
+          "--port 65536", "--join host", "--join host --code x --remote 2",
+          "--join host --code x --replay f.txt", "--check", "--replay"}) {
         const Parsed r = Parse(bad);
         EXPECT_EQ(r.status, 2) << bad;
         EXPECT_NE(r.err.find("Usage: grumbo2"), std::string::npos) << bad;
@@ -87,29 +88,24 @@ TEST(CommandLine, HostingAndJoiningTakeTheirSeatsPortAndCode) {
     EXPECT_FALSE(join.status) << join.err;
     EXPECT_EQ(std::pair(join.options.join, join.options.code),
               std::pair(std::optional<QString>("10.0.0.2:5000"), std::optional<QString>("apple")));
-    for (const char* bad :
-         {"--remote 2 --computer 2", "--remote 5", "--port 0", "--port 65536", "--join host",
-          "--join host --code x --remote 2", "--join host --code x --replay f.txt"})
-        EXPECT_EQ(Parse(bad).status, 2) << bad;
 }
 
 TEST(CommandLine, HelpAndTheManPageNameEveryOptionAndAReplayTakesItsFile) {
     QFile manual(QStringLiteral(GRUMBO_SOURCE_DIR "/dist/grumbo2.6"));
     ASSERT_TRUE(manual.open(QIODevice::ReadOnly));
     const QString man = QString::fromUtf8(manual.readAll());
-    const std::string help = Parse("--help").out;
+    const Parsed help = Parse("--help");
+    EXPECT_EQ(help.status, 0);
     for (const app::OptionHelp& o : app::knownOptions()) {
         const QString name = QString::fromLatin1(o.name);
         EXPECT_TRUE(man.contains("\\-\\-" + QString(name).replace("-", "\\-"))) << o.name;
-        EXPECT_NE(help.find(std::string("--") + o.name), std::string::npos) << o.name;
+        EXPECT_NE(help.out.find(std::string("--") + o.name), std::string::npos) << o.name;
     }
     const Parsed replay = Parse("--replay some/match.txt --check --no-record");
     EXPECT_FALSE(replay.status);
     EXPECT_EQ(replay.options.replay, "some/match.txt");
     EXPECT_TRUE(replay.options.check && !replay.options.record);
     EXPECT_TRUE(Parse("").options.record);
-    EXPECT_EQ(Parse("--check").status, 2) << "nothing to check";
-    EXPECT_EQ(Parse("--replay").status, 2) << "no file";
 }
 
 TEST(Display, AutomaticScaleFollowsTheScreenHeight) {

@@ -114,9 +114,9 @@ protected:
     void Step(const QString& step) {
         const QStringList w = step.split(QLatin1Char(' '));
         if (w[0] == QLatin1String("throw") || w[0] == QLatin1String("pause")) {
-            const bool flight = w.contains(QLatin1String("flight"));
-            const int kind = w.size() > 3 && w[3] != QLatin1String("flight") ? w[3].toInt() : 0;
-            Throw(w[1].toInt(), w[2].toInt(), kind, flight, w[0] == QLatin1String("pause"));
+            // A kind left out, or "flight" in its place, reads as 0.
+            Throw(w[1].toInt(), w[2].toInt(), w.value(3).toInt(),
+                  w.contains(QLatin1String("flight")), w[0] == QLatin1String("pause"));
         } else if (w[0] == QLatin1String("keys")) {
             for (QChar c : step.mid(5))
                 Tap(c == QLatin1Char('\\')  ? game::key::kBackslash
@@ -180,14 +180,13 @@ INSTANTIATE_TEST_SUITE_P(Golden, GoldenRun,
                          testing::Values("day1v1", "night1v1", "codes1v1", "teams2v2", "nuke2v2",
                                          "music1v1"));
 
-class GoldenScreens : public ScreensTest {
-protected:
-    void Expect(QWidget* window, const char* name) {
-        ASSERT_TRUE(window);
-        EXPECT_TRUE(SamePicture(window->grab().toImage(),
-                                QStringLiteral("screen-%1.png").arg(QLatin1String(name))));
-    }
-};
+void Expect(QWidget* window, const char* name) {
+    ASSERT_TRUE(window);
+    EXPECT_TRUE(SamePicture(window->grab().toImage(),
+                            QStringLiteral("screen-%1.png").arg(QLatin1String(name))));
+}
+
+using GoldenScreens = ScreensTest;
 
 TEST_F(GoldenScreens, LookAsRecorded) {
     app::ScreenFlow& f = StartProgram();
