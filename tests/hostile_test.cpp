@@ -168,10 +168,10 @@ TEST_F(HostileInput, AKeyCountsOnceAndOnlyFromTheMomentTheMatchHasTheKeyboard) {
     QTest::keyPress(box, Qt::Key_Escape);
     QTest::keyRelease(box, Qt::Key_Escape);
     EXPECT_EQ(heard, (QStringList{"271", "270"}));
-    // Held from before the match window opened, it does not pause; pressed once the window has
-    // the keyboard, while the match is still starting, it does.
-    keys.press(game::key::kEscape);
+    // Pressed before the match window has the keyboard, it does not pause; pressed once the
+    // window has it, while the match is still starting, it does.
     screens::MatchView view(CalmSetup(), sound, keys, ShippedData());
+    keys.press(game::key::kEscape);
     view.showCentred();
     ui::giveFocus(&view);
     clock.advance(100);
