@@ -242,27 +242,7 @@ TEST(Match, TeamsThrowInTurnsPassingOverTheFraggedAndTheLastRoundEndsTheMatch) {
     EXPECT_EQ(play.events.back().kind, Kind::GameOver);
 }
 
-TEST(Match, ANewRoundOfTeamsStandsEveryoneOnARoofAgainAndKeepsTheTurnGoing) {
-    Play play(CalmSetup(4, 9));
-    const game::Match& m = play.started().match;
-    ASSERT_TRUE(play.dropOn(2));
-    ASSERT_EQ(m.currentPlayer(), 1) << "player 3 is gone";
-    ASSERT_TRUE(play.dropOn(3));
-    ASSERT_EQ(m.leftScore(), 1);
-    ASSERT_TRUE(play.runUntil([&] { return m.phase() == Phase::Aiming; }));
-    EXPECT_EQ(m.round(), 2);
-    // After player 2 the turn goes to player 4, though he fell in the round before.
-    EXPECT_EQ(m.currentPlayer(), 3);
-    for (int i = 0; i < 4; ++i) {
-        const QRect r = m.figure(i).rect();
-        EXPECT_TRUE(m.figure(i).inPlay()) << i;
-        const int middle = r.left() + r.width() / 2;
-        EXPECT_NE(m.scene().point(middle, r.bottom() + 1), m.sky().point(middle, r.bottom() + 1))
-            << "player " << i + 1 << " stands on a roof";
-    }
-}
-
-TEST(Match, KnownCharactersThrowAndCryWithTheirOwnSoundsByTheirExactName) {
+TEST(Match, KnownCharactersThrowAndCryByTheirExactNameAndANewRoundOfTeamsStandsEveryoneUp) {
     game::MatchSetup setup = CalmSetup(4, 9);
     const char* const names[] = {"Dunik", "Sorcerer Grumbo", "Vostrel", "dunik"};
     for (int i = 0; i < 4; ++i) {
@@ -286,8 +266,19 @@ TEST(Match, KnownCharactersThrowAndCryWithTheirOwnSoundsByTheirExactName) {
     ASSERT_EQ(m.currentPlayer(), 1);
     const QStringList plain = soundsOf([&] { play.dropOn(3); });
     EXPECT_TRUE(plain.contains("sounds/ge.wav") && !plain.contains("sounds/dHit.wav"));
+    ASSERT_EQ(m.leftScore(), 1);
     ASSERT_TRUE(play.runUntil([&] { return m.phase() == Phase::Aiming; }));
+    EXPECT_EQ(m.round(), 2);
+    // After player 2 the turn goes to player 4, though he fell in the round before; everyone
+    // stands on a roof again.
     ASSERT_EQ(m.currentPlayer(), 3);
+    for (int i = 0; i < 4; ++i) {
+        const QRect r = m.figure(i).rect();
+        const int middle = r.left() + r.width() / 2;
+        EXPECT_TRUE(m.figure(i).inPlay() && m.scene().point(middle, r.bottom() + 1) !=
+                                                m.sky().point(middle, r.bottom() + 1))
+            << "player " << i + 1;
+    }
     EXPECT_TRUE(soundsOf([&] { play.dropOn(0); }).contains("sounds/dHit.wav"));
 }
 

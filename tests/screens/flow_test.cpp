@@ -1,6 +1,7 @@
-// The flow between the screens as the players click through them: the title's buttons, the close
-// boxes before a match, every button of the pause and the game-over box, the credits, and a
-// second match of the same run with player selection left and taken up again.
+// The flow between the screens as the players click through them: every button of the pause and
+// the game-over box, the credits, and a second match of the same run with player selection left
+// and taken up again. Closing the windows before a match is for the real program to show
+// (tests/e2e/closing.sh).
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QPushButton>
@@ -18,23 +19,6 @@ namespace {
 using Flow = FlowTest;
 const QString kTitle = QStringLiteral("Grumbo 2 - Kravenmoor");
 const char* const kClosed = "closed by the window system";
-
-// Whether the program then ends is for runs of the real program to show (tests/e2e/closing.sh).
-TEST_F(Flow, CloseBoxesBeforeAMatchLeadOnlyToAMatchWhoseEveryPlayerHasChosen) {
-    StartProgram().title()->close();
-    Click(StartProgram().title(), "Exit");
-    EXPECT_EQ(quits, 2) << "the title's close box and Exit end the program";
-    Click(StartProgram().title(), "Start");
-    EXPECT_EQ(VisibleWindows(), QStringList{"Setup"});
-    ToPlayers().back();
-    flow->setup()->close();
-    EXPECT_FALSE(flow->players()) << "player selection closes with the setup";
-    EXPECT_TRUE(VisibleWindows().isEmpty() && !flow->match()) << "nobody has a character yet";
-    QTest::keyClicks(ToPlayers(4).nameBox, "Ann\rBo\r");
-    flow->players()->close();
-    EXPECT_TRUE(VisibleWindows().isEmpty() && !flow->match()) << "players 3 and 4 have not chosen";
-    EXPECT_EQ(quits, 4) << "and the program ends";
-}
 
 TEST_F(Flow, EveryButtonOfThePauseAndTheGameOverBoxLeadsWhereItShould) {
     // Whether the match ended, the button (or the window system closing the box, which has no

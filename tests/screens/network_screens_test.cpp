@@ -138,7 +138,7 @@ TEST_F(NetworkScreens, TheWaitingBoxShowsItsLinesInOrder) {
 
     screens::WaitingBox joiner;
     joiner.setMessage(QStringLiteral("Waiting for the host to start the match..."));
-    // Every field otherwise than by default, as the lines below name them.
+    // Every field otherwise than by default (the golden pictures show the defaults).
     joiner.setSettings(
         {7.5, game::GameType::TwoVsTwo, game::TimeOfDay::Night, 5, 0, 12, false, true});
     EXPECT_EQ(
@@ -146,11 +146,6 @@ TEST_F(NetworkScreens, TheWaitingBoxShowsItsLinesInOrder) {
         QStringList({"Waiting for the host to start the match...", "Gravity Level: 7.5",
                      "Game Type: 2 vs 2", "Time of Day: Night", "Frag Limit: 5",
                      "Wind Extremity: 0", "Building Height: 12", "Wind Gusts: Off", "Music: On"}));
-    joiner.setSettings({.gravity = 20, .timeOfDay = game::TimeOfDay::Day, .music = false});
-    const QStringList lines = joiner.lines();
-    EXPECT_EQ(lines.mid(1, 3),
-              QStringList({"Gravity Level: 20", "Game Type: 1 vs 1", "Time of Day: Day"}));
-    EXPECT_EQ(lines.mid(7), QStringList({"Wind Gusts: On", "Music: Off"}));
 }
 
 }  // namespace
