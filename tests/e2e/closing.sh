@@ -8,7 +8,7 @@
 # Usage: closing.sh GAME_BINARY
 set -uo pipefail
 here=$(dirname "$0")
-source "$here/xsession.sh"
+source "$here/../../tools/xsession/xsession.sh"
 
 xlib=
 for python in python3 /usr/bin/python3; do

@@ -4,7 +4,7 @@
 # the toolkit's message and a plain failure, never a crash.
 # Usage: lost_display.sh GAME_BINARY
 set -uo pipefail
-source "$(dirname "$0")/xsession.sh"
+source "$(dirname "$0")/../../tools/xsession/xsession.sh"
 
 command -v xkill >/dev/null || { echo "SKIP: xkill is not installed"; exit 77; }
 e2e_begin "$1"

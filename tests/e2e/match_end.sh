@@ -9,7 +9,7 @@
 # status 2 and one line naming the file, never a signal or a hang.
 # Usage: match_end.sh GAME_BINARY
 set -uo pipefail
-source "$(dirname "$0")/xsession.sh"
+source "$(dirname "$0")/../../tools/xsession/xsession.sh"
 e2e_begin "$1"
 export XDG_DATA_HOME=$WORK/data
 FIELD="722 466 0 0"  # the play field of the match window: W H X Y

@@ -7,7 +7,7 @@
 # says who left), the host killed (the joiner says the host left).
 # Usage: network.sh GAME_BINARY
 set -uo pipefail
-source "$(dirname "$0")/xsession.sh"
+source "$(dirname "$0")/../../tools/xsession/xsession.sh"
 e2e_begin "$1"
 FIELD="722 466 0 0"
 PORT=$((20000 + RANDOM % 20000))

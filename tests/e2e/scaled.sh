@@ -4,7 +4,7 @@
 # clicks of a throw land on the boxes and the button at twice their places.
 # Usage: scaled.sh GAME_BINARY
 set -uo pipefail
-source "$(dirname "$0")/xsession.sh"
+source "$(dirname "$0")/../../tools/xsession/xsession.sh"
 E2E_SCREEN=3840x2160 e2e_begin "$1"
 
 for S in 1 2; do

@@ -65,6 +65,28 @@ TEST(Planner, ReachesAnEnemyAcrossTheWholeCity) {
     }
 }
 
+TEST(Planner, CountsNoThrowClearThatEndsBesideTheThrower) {
+    // The enemy has come within 50 pixels of the thrower: a throw that ends beside the thrower is
+    // not clear of his side, though it ends as near the enemy.
+    Play play(CalmSetup(2, 5));
+    const game::Match& m = play.started().match;
+    const game::Figure &me = m.figure(0), &enemy = m.figure(1);
+    const auto middle = [](const game::Figure& f) { return f.pos.x() + f.width() / 2; };
+    play.flyTo({middle(enemy) - 50 - me.width() / 2, enemy.pos.y() + enemy.height() - me.height()});
+    int found = 0;
+    for (const int angle : {30, 45, 60, 75})
+        for (int velocity = 1; velocity <= 40; ++velocity) {
+            const computer::Throw t{angle, velocity};
+            const game::Impact impact = computer::tryThrow(m, t);
+            if (impact.what == game::Impact::What::Character ||
+                std::abs(impact.at.x() - middle(me)) >= 40)
+                continue;
+            ++found;
+            EXPECT_FALSE(computer::keepsClear(m, t)) << angle << " degrees, velocity " << velocity;
+        }
+    EXPECT_GT(found, 0);
+}
+
 // A match of one person (player 1) and the computer (player 2), by default in a city of the
 // usual options.
 struct AgainstTheComputer : Play {

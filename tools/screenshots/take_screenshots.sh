@@ -5,7 +5,7 @@
 # Usage: take_screenshots.sh GAME_BINARY OUTPUT_FOLDER
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
-source "$here/../../tests/e2e/xsession.sh"
+source "$here/../xsession/xsession.sh"
 e2e_begin "$1"
 out=$2
 mkdir -p "$out" || fail "cannot make $out"

@@ -1,6 +1,7 @@
 # Drives the real game on a private X server, as a player would: find windows, click, type, look.
 # Source it, then call e2e_begin with the game's binary; E2E_SCREEN=WxH sets the screen size.
-# Exits 77 (skipped) when a tool is missing; `./build.sh test` installs them.
+# Exits 77 (skipped) when a tool is missing; `./build.sh test` installs them. The README's pictures
+# and the runs of the real game under Xvfb (tests/e2e/) both use it.
 
 e2e_begin() {  # e2e_begin GAME_BINARY
     GAME=$1
