@@ -144,6 +144,8 @@ void PlayerScreen::showRemote(bool remote) {
     nameBox->setEnabled(open);
     browser->setEnabled(open);
     characterBox->setEnabled(!remote);
+    // Also when the screen comes back after "Back": the button that was clicked last keeps the
+    // keyboard otherwise.
     if (open) nameBox->setFocus();
 }
 
@@ -186,9 +188,6 @@ void PlayerScreen::begin(int players, const std::array<Seat, 4>& seats,
     worn_.clear();
     pass_ = 0;
     showSeat();
-    // Also when the screen comes back after "Back": the button that was clicked last keeps the
-    // keyboard otherwise.
-    nameBox->setFocus();
 }
 
 void PlayerScreen::beginJoiner(int seat, const QStringList& wornElsewhere) {
