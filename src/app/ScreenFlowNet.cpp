@@ -33,6 +33,14 @@ QString seatLine(const game::SeatRecord& s, bool taken, bool chosen) {
     else if (taken) who = QStringLiteral("joined, choosing...");
     return who;
 }
+
+// "Bo left the match", and why, unless the reason says no more than that.
+QString leftText(int seat, const QString& name, const QString& why) {
+    const QString who = name.isEmpty() ? QStringLiteral("Player %1").arg(seat + 1) : name;
+    QString text = QStringLiteral("%1 left the match").arg(who);
+    if (!why.contains(QLatin1String("left the match"))) text += QStringLiteral(" (%1)").arg(why);
+    return text;
+}
 }  // namespace
 
 bool ScreenFlow::anyRemote() const {
@@ -134,6 +142,14 @@ void ScreenFlow::join(const QString& address, const QString& code, screens::Seat
     QObject::connect(&g, &net::Guest::hostLeft, &g, [this](const QString& why) {
         networkEnded(QStringLiteral("The host left the match: ") + why);
     });
+    QObject::connect(&g, &net::Guest::otherLeft, &g, [this](int seat, const QString& why) {
+        // The host pauses the match and decides whether his computer plays the seat; after the
+        // final board nothing is left to play.
+        if (!match_ || match_->match().over()) return;
+        ui::showMessage(leftText(seat, names_[static_cast<std::size_t>(seat)], why) +
+                            QStringLiteral(". The host decides whether the match goes on."),
+                        kNetworkTitle);
+    });
     waiting_ = new screens::WaitingBox;
     waiting_->setMessage(QStringLiteral("Joining %1...").arg(address));
     waiting_->onCancel = [this] {
@@ -202,11 +218,9 @@ void ScreenFlow::joinerLeft(int seat, const QString& name, const QString& why) {
     // "Start Over" or "Quit" end it.
     match_->takeOver(seat);
     match_->pause();
-    const QString who = name.isEmpty() ? QStringLiteral("Player %1").arg(seat + 1) : name;
-    QString text = QStringLiteral("%1 left the match").arg(who);
-    if (!why.contains(QLatin1String("left the match"))) text += QStringLiteral(" (%1)").arg(why);
-    ui::showMessage(text + QStringLiteral(". The computer plays his seat if you resume; Start "
-                                          "Over or Quit end the match."),
+    ui::showMessage(leftText(seat, name, why) +
+                        QStringLiteral(". The computer plays his seat if you resume; Start "
+                                       "Over or Quit end the match."),
                     kNetworkTitle);
 }
 

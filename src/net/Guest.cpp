@@ -186,6 +186,11 @@ void Guest::onMessage(const Message& message) {
         host_[d->at] = d->hash;
         keepRecent(host_);
         compare(d->at);
+    } else if (const auto* l = std::get_if<Left>(&message)) {
+        if (state_ != State::Playing) return outOfOrder("before the start");
+        if (l->seat == seat_ || !lobby_.remote[static_cast<std::size_t>(l->seat)])
+            return outOfOrder("for a seat no other joining computer plays");
+        emit otherLeft(l->seat, l->reason);
     } else if (const auto* b = std::get_if<Bye>(&message)) {
         end(b->reason.isEmpty() ? QStringLiteral("the host left") : b->reason, std::nullopt);
     } else {

@@ -62,6 +62,8 @@ signals:
     void tick(int at);
     // The host ended the match, went away, or broke the rules.
     void hostLeft(const QString& reason);
+    // The player at another joining computer, who played `seat`, is gone.
+    void otherLeft(int seat, const QString& reason);
     void digestMismatch(int at);
 
 private:

@@ -291,6 +291,10 @@ void Host::forget(Peer& peer, const QString& why) {
         lobby_.setup.seats[static_cast<std::size_t>(seat)] =
             offered_.setup.seats[static_cast<std::size_t>(seat)];
         sendLobby();
+    } else {
+        // The others see the match stand still; they learn why from here.
+        for (const auto& p : peers_)
+            if (p->seat >= 0) p->link->send(Left{seat, why});
     }
     watchTurn();
     emit left(seat, name, why);

@@ -167,8 +167,8 @@ Hello readHello(const QString& first, Reader& in) {
 }  // namespace
 
 const char* kindOf(const Message& m) {
-    static const char* const kNames[] = {"hello",   "welcome", "refused", "seat", "start",
-                                         "command", "tick",    "digest",  "bye"};
+    static const char* const kNames[] = {"hello", "welcome", "refused", "seat", "start",
+                                         "command", "tick", "digest", "bye", "left"};
     static_assert(std::size(kNames) == std::variant_size_v<Message>);
     return kNames[m.index()];
 }
@@ -199,6 +199,9 @@ QByteArray encode(const Message& message) {
             return "digest " + QByteArray::number(d.at) + ' ' + hex64(d.hash);
         }
         QByteArray operator()(const Bye& b) const { return "bye " + oneLine(b.reason); }
+        QByteArray operator()(const Left& l) const {
+            return "left " + QByteArray::number(l.seat + 1) + ' ' + oneLine(l.reason);
+        }
     };
     return std::visit(Writer{}, message);
 }
@@ -260,6 +263,11 @@ Decoded decode(const QByteArray& bytes) {
         m = d;
     } else if (kind == QLatin1String("bye")) {
         m = Bye{in.shortLine(rest, "the reason")};
+        in.end(1);
+    } else if (kind == QLatin1String("left")) {
+        const int seat =
+            static_cast<int>(in.whole(rest.section(QLatin1Char(' '), 0, 0), 1, 4, "the seat")) - 1;
+        m = Left{seat, in.shortLine(rest.section(QLatin1Char(' '), 1), "the reason")};
         in.end(1);
     } else {
         in.fail(QStringLiteral("an unknown message \"%1\"").arg(kind.left(20)));

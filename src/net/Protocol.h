@@ -98,8 +98,15 @@ struct Bye {
     bool operator==(const Bye&) const = default;
 };
 
-using Message =
-    std::variant<Hello, Welcome, Refused, SeatChoice, Start, CommandMessage, Tick, Digest, Bye>;
+// Host to joiners: the player at another computer who played `seat` (0 to 3) is gone, and why.
+struct Left {
+    int seat = 0;
+    QString reason;
+    bool operator==(const Left&) const = default;
+};
+
+using Message = std::variant<Hello, Welcome, Refused, SeatChoice, Start, CommandMessage, Tick,
+                             Digest, Bye, Left>;
 
 // The word that opens the message's text ("hello", "command", ...).
 const char* kindOf(const Message& message);

@@ -3,8 +3,8 @@
 # holds seats open, joiners take them with the code, and every program plays to the final board:
 # 1 vs 1 on two programs, 2 vs 2 on three, each machine with the same final board pixel for pixel
 # and a record of its own. Then the faults: a wrong code, another version of the game, garbage and
-# a 100 MB message from a raw socket (the host plays on), the joiner killed mid-match (the host
-# says who left), the host killed (the joiner says the host left).
+# a 100 MB message from a raw socket (the host plays on), a joiner killed mid-match (the host and
+# the other joiner say who left), the host killed (the joiner says the host left).
 # Usage: network.sh GAME_BINARY
 set -uo pipefail
 source "$(dirname "$0")/../../tools/xsession/xsession.sh"
@@ -91,7 +91,7 @@ joiner_in right "red apple"
 same_end host left right
 
 # --- faults, in matches long enough to be cut short ---
-host_lobby 2 2 1
+host_lobby 4 2,3 1,4 81 69
 start_as joiner --join "127.0.0.1:$PORT" --code "green pear" --computer 1
 wait_window "Network Match" 15 "$PID_joiner"
 echo "a wrong code: the joiner is told"
@@ -109,14 +109,16 @@ case $reply in
     *"of the game, the joining computer 0.9"*) echo "another version: \"$reply\"" ;;
     *) fail "another version: \"$reply\"" ;;
 esac
-joiner_in joiner "red apple"
-wait_window "$MATCH_TITLE" 60 "$PID_host"
+joiner_in left "red apple"
+joiner_in right "red apple"
+wait_window "$MATCH_TITLE" 60 "$PID_right"
 sleep 6
-kill -9 "$PID_joiner"
+kill -9 "$PID_left"
 wait_window "Network Match" 40 "$PID_host"
-echo "the joiner killed: the host is told"
-kill "$PID_host"
-wait "$PID_host" 2>/dev/null
+wait_window "Network Match" 20 "$PID_right"
+echo "a joiner killed: the host and the other joiner are told"
+kill "$PID_host" "$PID_right"
+wait "$PID_host" "$PID_right" 2>/dev/null
 
 host_lobby 2 2 1
 joiner_in joiner "red apple"

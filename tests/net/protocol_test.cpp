@@ -47,6 +47,7 @@ TEST(Protocol, EveryMessageReadsBackAsItWasSent) {
         CommandMessage{{2200, 2, Command::Kind::Resume, "", 0}},
         Tick{2147483647},
         Digest{5000, 0xffffffffffffffff},
+        Left{3, "nothing heard from Dee's computer for 30 s in his turn"},
     };
     for (const Message& m : all) {
         const Decoded d = decode(encode(m));
@@ -79,6 +80,7 @@ TEST(Protocol, WhatIsNoMessageGetsOneLineOfWhy) {
         {"command 100 1 choose laser", "projectile"},
         {"tick 5\ntick 6", "more follows"},
         {"digest 5 xyz", "hash"},
+        {"left 0 gone", "seat"},
         {"welcome 2\nremote 2\ngrumbo2 record 1\n", "setup"},
         {"welcome 1\nremote 2\n" + setup, "no other computer"},
         {"welcome 2\nremote 2 5\n" + setup, "remote seat"},

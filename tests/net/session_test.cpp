@@ -32,7 +32,7 @@ protected:
         Joiner(const QString& version, const std::vector<FileDigest>& data)
             : guest(version, data) {}
         Guest guest;
-        QStringList refused, hostLeft;
+        QStringList refused, hostLeft, othersLeft;
         std::vector<Command> commands;
         std::vector<int> mismatches;
         int tick = -1;
@@ -62,6 +62,9 @@ protected:
         Guest* g = &j->guest;
         QObject::connect(g, &Guest::refused, [j](const QString& why) { j->refused << why; });
         QObject::connect(g, &Guest::hostLeft, [j](const QString& why) { j->hostLeft << why; });
+        QObject::connect(g, &Guest::otherLeft, [j](int seat, const QString& why) {
+            j->othersLeft << QString::number(seat) + QLatin1Char(' ') + why;
+        });
         QObject::connect(g, &Guest::command, [j](const Command& c) { j->commands.push_back(c); });
         QObject::connect(g, &Guest::digestMismatch, [j](int at) { j->mismatches.push_back(at); });
         QObject::connect(g, &Guest::tick, [j](int at) { j->tick = at; });
@@ -155,10 +158,11 @@ TEST_F(Session, CommandsReachEveryMachineInOneOrderWithTheHostsStampsAndDigestsA
     EXPECT_EQ(b.mismatches, std::vector<int>{3000});
     EXPECT_TRUE(a.mismatches.empty());
 
-    // Whoever leaves says why, and the other side hears it.
+    // Whoever leaves says why, and the others hear it.
     a.guest.leave("off to bed");
-    ASSERT_TRUE(Wait([&] { return !left.isEmpty(); }));
+    ASSERT_TRUE(Wait([&] { return !left.isEmpty() && !b.othersLeft.isEmpty(); }));
     EXPECT_EQ(left, QStringList{"1 Al: off to bed"});
+    EXPECT_EQ(b.othersLeft, QStringList{"1 off to bed"});
     host.close("the host quit");
     EXPECT_TRUE(Wait([&] { return b.hostLeft == QStringList{"the host quit"}; }));
 }
@@ -203,6 +207,14 @@ TEST_F(Session, AHostOutOfOrderIsLeft) {
     EXPECT_EQ(bo.hostLeft,
               QStringList{"the host broke the rules: \"command\" earlier than the last"});
     EXPECT_EQ(bo.commands.size(), 1u);
+
+    auto [third, cy] = ByHand();
+    third.Send(Welcome{1, lobby});
+    third.Send(Start{lobby});
+    third.Send(Left{1, "you are gone"});
+    ASSERT_TRUE(Wait([&] { return !cy.hostLeft.isEmpty(); }));
+    EXPECT_EQ(cy.hostLeft, QStringList{"the host broke the rules: \"left\" for a seat no other "
+                                       "joining computer plays"});
 }
 
 // Garbage, a 100 MB frame and machines that die without a word are the real programs' to show
