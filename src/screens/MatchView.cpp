@@ -104,7 +104,9 @@ void MatchView::startNetwork(const std::array<bool, 4>& local) {
 
 void MatchView::send(game::Command command) {
     if (replay_) return;
-    if (net_) {
+    // Leaving ends this machine's match at once, so that its record says so; the other machines
+    // learn of it from the connection's end.
+    if (net_ && command.kind != game::Command::Kind::Leave) {
         net_->send(command);
         refresh();
         return;
