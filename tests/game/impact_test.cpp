@@ -85,19 +85,6 @@ TEST(Impact, ANukeFindsItsBuildingOnTheScanRowAndTurnsItToSky) {
     EXPECT_EQ(field.scene.point(259, 400), kWall) << "the neighbour stands";
 }
 
-TEST(Impact, ABlastGrowsOverTheCharacterAndANukedCharacterTakesTheSkyBehindHim) {
-    const Field field;
-    Figure f = Character(field.scene, {100, 100});
-    drawBlastRing(f, 5);
-    EXPECT_EQ(f.canvas().point(25, 30), core::Colour(134, 20, 2)) << "outline";
-    EXPECT_EQ(f.canvas().point(20, 30), core::Colour(125, 20, 2)) << "inside";
-    core::Random random(1);
-    for (int i = 0; i < kVaporizePicks; ++i) vaporizePick(f, field.sky, random);
-    int body = 0;
-    for (int y = 0; y < f.height(); ++y)
-        for (int x = 0; x < f.width(); ++x) body += f.canvas().point(x, y) != kSky;
-    EXPECT_LT(body, 40 * 60 / 10) << "most of him is sky";
-}
 TEST(Impact, ThePopupRisesAPixelEvery21MsThenFadesIntoTheCityBehindIt) {
     const core::Colour white = core::kWhite, faded(251, 248, 248), city(130, 20, 20);
     const core::Canvas scene(kFieldWidth, kFieldHeight, city);

@@ -1,6 +1,7 @@
 // The rules that are tables and formulas, each row named in the message of a failed check: the
-// flight, the field's edges, the magnetic pull, points, accuracy, special projectiles, the wind,
-// the calibration and what the aiming boxes let through.
+// field's edges, the magnetic pull, near misses, special projectiles, the wind, the calibration
+// and what the aiming boxes let through. The flight, the hit points and the accuracy shown are
+// the golden runs' to see.
 #include <gtest/gtest.h>
 
 #include <string_view>
@@ -16,26 +17,6 @@
 using namespace game;
 
 namespace {
-
-TEST(Rules, TheFlightIsInClosedFormFromTheHand) {
-    // Angle, velocity, ticks, wind drift, and the place relative to the hand.
-    for (const auto& [angle, velocity, ticks, drift, expected] :
-         {// 45 degrees at 50: both components 35; below the hand after 72 ticks.
-          std::tuple(45, 50, 10, 0.0, QPoint(35, -30)),
-          {45, 50, 71, 0.0, {248, -1}},
-          {45, 50, 72, 0.0, {252, 3}},
-          // A right-side 45 is 135: the floor of -35.36 is -36.
-          {135, 50, 10, 0.0, {-36, -30}},
-          {90, 0, 30, 0.0, {0, 45}},
-          // A wind of 0.5 to the right: 5 after 10 ticks shifts 5, 15 after 30 ticks shifts 45.
-          {90, 0, 10, 5.0, {5, 5}},
-          {90, 0, 30, 15.0, {45, 45}}}) {
-        Flight f{.hand = {100, 200}, .ticks = ticks, .drift = drift};
-        f.launch(angle, velocity);
-        EXPECT_EQ(flightPosition(f, 9.8) - QPoint(100, 200), expected)
-            << angle << " at " << velocity << " after " << ticks << " ticks, drift " << drift;
-    }
-}
 
 TEST(Rules, AnglesCountFromTheThrowersForwardDirectionAndTheFieldHasMargins) {
     EXPECT_EQ(throwAngle(45, false), 45);
@@ -104,20 +85,6 @@ TEST(Rules, NearMissesEarnLessTheFartherTheNearestEnemy) {
           {k2v2, 3, 300, {400, 600, 0, 0}, 500}})
         EXPECT_EQ(nearMissPoints(type, thrower, x, centres), points)
             << "player " << thrower + 1 << " at " << x;
-}
-
-TEST(Rules, HitPointsGoByTheSidesAndAccuracyIsRoundedDown) {
-    const struct {
-        GameType type;
-        int thrower, hit, points;
-    } hits[] = {{k1v1, 0, 1, 25000}, {k1v1, 0, 0, -5000}, {k1v1, 1, 0, 25000}, {k2v2, 0, 1, -5000},
-                {k2v2, 1, 2, 25000}, {k2v2, 2, 3, -5000}, {k2v2, 3, 0, 25000}};
-    for (const auto& h : hits)
-        EXPECT_EQ(hitPoints(h.type, h.thrower, h.hit), h.points) << h.thrower << " hits " << h.hit;
-    // Frags and misses: 0 of 5, 2 of 5, 1 of 3, 3 of 4, 2 of 3.
-    EXPECT_EQ((std::array{accuracyPercent(0, 5), accuracyPercent(2, 3), accuracyPercent(1, 2),
-                          accuracyPercent(3, 1), accuracyPercent(2, 1)}),
-              (std::array{0, 40, 33, 75, 66}));
 }
 
 TEST(Rules, SpecialProjectilesGetRarerWithWastedThrows) {
