@@ -31,22 +31,18 @@ TEST(Match, StartsWithATestThrowAndBuildsTheRoundInStagesBehindTheLoadingBox) {
     EXPECT_EQ(screens::loadingText(m.loading()), "Test completed in 720 ms, adjusted timers to 32");
     EXPECT_EQ(m.flightTickMs(), 32);
     EXPECT_EQ(Lasts(play, Phase::Starting), 1001) << "the result stays up a second";
-    // Every text of the loading box stands long enough to be read, each player's in turn.
+    // Every text of the loading box stands long enough to be read, each player's in turn: the
+    // texts with their progress, and how long each stood.
     const auto stages = [](Play& p) {
         QStringList seen;
-        int since = p.match.now();
-        while (p.match.phase() == Phase::BuildingRound) {
+        for (QString last; p.match.phase() == Phase::BuildingRound; p.run(1)) {
             EXPECT_FALSE(p.match.figuresShown());
-            const QString stage = screens::loadingText(p.match.loading()) + QLatin1Char(' ') +
-                                  QString::number(p.match.loading().progress);
-            if (seen.isEmpty() || !seen.back().startsWith(stage + QLatin1Char(' '))) {
-                if (!seen.isEmpty()) seen.back() += QString::number(p.match.now() - since);
-                seen << stage + QLatin1Char(' ');
-                since = p.match.now();
-            }
-            p.run(1);
+            const QString now = screens::loadingText(p.match.loading()) + QLatin1Char(' ') +
+                                QString::number(p.match.loading().progress) + QLatin1Char(' ');
+            if (now != last) seen << now + '0';
+            last = now;
+            seen.back() = now + QString::number(seen.back().mid(now.size()).toInt() + 1);
         }
-        seen.back() += QString::number(p.match.now() - since);
         return seen;
     };
     const QString ms = QString::number(game::durations::kLoadingStatusMs);
