@@ -221,10 +221,8 @@ void PlayerScreen::showPreview(const QString& character) {
 
 void PlayerScreen::showNoCharacters() {
     // Nothing to choose, so no match can start: the screen says why and what a character needs,
-    // and leaves "Back" and the close box as the ways out.
+    // and leaves "Back" and the close box as the ways out (the boxes stay closed with the seat).
     preview->hide();
-    browser->setEnabled(false);
-    nameBox->setEnabled(false);
     nextButton->setEnabled(false);
     const QString folder = QDir::toNativeSeparators(data_.path(QStringLiteral("characters")));
     noCharacters_->setText(
