@@ -59,6 +59,12 @@ TEST_F(Flow, EveryButtonOfThePauseAndTheGameOverBoxLeadsWhereItShould) {
     }
 }
 
+TEST_F(Flow, PlayerSelectionClosedBeforeEveryoneChoseStartsNoMatch) {
+    QTest::keyClicks(ToPlayers(4).nameBox, "Ann\rBo\r");
+    flow->players()->close();
+    EXPECT_TRUE(VisibleWindows().isEmpty() && !flow->match()) << "players 3 and 4 have not chosen";
+}
+
 // How far the middle of `inner` lies from the middle of `outer`, in half pixels.
 QPoint OffCentre(const QRect& inner, const QRect& outer) {
     return QPoint(2 * inner.left() + inner.width(), 2 * inner.top() + inner.height()) -

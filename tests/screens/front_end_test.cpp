@@ -104,36 +104,6 @@ TEST_F(FrontEnd, TheScanListsAtMost41CompleteCharactersOfACharactersSize) {
     EXPECT_EQ(p.characters().size(), 41) << "no room for a secret character";
 }
 
-// Whether the figure shows `character`'s standing picture wherever that is not white.
-bool Wears(const game::Figure& figure, const QString& character) {
-    const core::Canvas picture = ShippedArt(character).standing;
-    bool same = figure.width() == picture.width() && figure.height() == picture.height();
-    for (int y = 0; same && y < picture.height(); ++y)
-        for (int x = 0; same && x < picture.width(); ++x)
-            same = picture.point(x, y) == core::kWhite ||
-                   figure.canvas().point(x, y) == picture.point(x, y);
-    return same;
-}
-
-TEST_F(FrontEnd, EachOfFourPlayersChoosesInTurnAndTheLastPassStartsTheMatch) {
-    const QStringList typed{"ABCDEFGHIJKLMNOP", "Bo", "Cy", "Dee"};
-    const QStringList worn{"Rapper Grumbo", "Robo Grumbo", "Sorcerer Grumbo", "Space Grumbo"};
-    screens::PlayerScreen& p = ToPlayers(4);
-    QTest::keyClick(p.nameBox, Qt::Key_Return);
-    EXPECT_EQ(messages, QStringList{"Enter a player name"});
-    for (int k = 0; k < 4; ++k) {
-        EXPECT_EQ(p.windowTitle(), QStringLiteral("Player %1").arg(k + 1));
-        Browse(p, 1);
-        QTest::keyClicks(p.nameBox, typed[k] + QLatin1Char('\r'));
-    }
-    ASSERT_TRUE(RoundStands());
-    EXPECT_EQ(VisibleWindows(), QStringList{"ABCDEFGHIJKLMNO - 0 pts"}) << "no loading box";
-    for (int k = 0; k < 4; ++k) {
-        EXPECT_EQ(flow->match()->match().name(k), typed[k].left(15));
-        EXPECT_TRUE(Wears(flow->match()->match().figure(k), worn[k])) << k;
-    }
-}
-
 TEST_F(FrontEnd, TheNameBoxCountsCharactersAsPlayersSeeThemAndHasTheKeyboardAfterAMessage) {
     screens::PlayerScreen& players = ToPlayers();
     QLineEdit& box = *players.nameBox;
