@@ -1,5 +1,6 @@
 // The screens' side of a match played from several computers: the seats the host leaves to
-// others, the joiner's own pass of player selection, the join dialog and the waiting box.
+// others, the joiner's own pass of player selection and the join dialog. The waiting box's lines
+// are for the golden pictures to show.
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -11,7 +12,6 @@
 #include "screens/JoinDialog.h"
 #include "screens/PlayerScreen.h"
 #include "screens/TitleScreen.h"
-#include "screens/WaitingBox.h"
 #include "ui/ArrowControl.h"
 
 using namespace testing_support;
@@ -121,31 +121,6 @@ TEST_F(NetworkScreens, TheTitleOpensAJoinDialogThatWantsBothFieldsAndShowsWhyATr
     d.show();
     d.close();
     EXPECT_EQ(cancels, 2);
-}
-
-// How the lines look, the address and code among them, is for the golden pictures to show.
-TEST_F(NetworkScreens, TheWaitingBoxShowsItsLinesInOrder) {
-    screens::WaitingBox host;
-    int cancels = 0;
-    host.onCancel = [&] { ++cancels; };
-    host.setSeat(3, QStringLiteral("waiting..."));
-    host.setSeat(1, QStringLiteral("waiting..."));
-    host.setSeat(1, QStringLiteral("Bob, Rapper Grumbo"));
-    EXPECT_EQ(host.lines(), QStringList({"Player 2: Bob, Rapper Grumbo", "Player 4: waiting..."}));
-    host.show();
-    host.close();
-    EXPECT_EQ(cancels, 1);
-
-    screens::WaitingBox joiner;
-    joiner.setMessage(QStringLiteral("Waiting for the host to start the match..."));
-    // Every field otherwise than by default (the golden pictures show the defaults).
-    joiner.setSettings(
-        {7.5, game::GameType::TwoVsTwo, game::TimeOfDay::Night, 5, 0, 12, false, true});
-    EXPECT_EQ(
-        joiner.lines(),
-        QStringList({"Waiting for the host to start the match...", "Gravity Level: 7.5",
-                     "Game Type: 2 vs 2", "Time of Day: Night", "Frag Limit: 5",
-                     "Wind Extremity: 0", "Building Height: 12", "Wind Gusts: Off", "Music: On"}));
 }
 
 }  // namespace
