@@ -167,8 +167,8 @@ Hello readHello(const QString& first, Reader& in) {
 }  // namespace
 
 const char* kindOf(const Message& m) {
-    static const char* const kNames[] = {"hello", "welcome", "refused", "seat", "start",
-                                         "command", "tick", "digest", "bye", "left"};
+    static const char* const kNames[] = {"hello",   "welcome", "refused", "seat", "start",
+                                         "command", "tick",    "digest",  "bye",  "left"};
     static_assert(std::size(kNames) == std::variant_size_v<Message>);
     return kNames[m.index()];
 }

@@ -2,8 +2,8 @@
 // and the virtual clock: the joiner runs the host's stamped commands at their stamps, two machines
 // whose matches went apart both stop, and a machine that leaves keeps its leave in its record.
 #include <QLineEdit>
-#include <QTcpServer>
 #include <QPushButton>
+#include <QTcpServer>
 #include <QTest>
 
 #include "TestSupport.h"
@@ -94,7 +94,8 @@ TEST_F(MatchNet, TheJoinerRunsTheHostsCommandsAtTheirStampsAndNeverAhead) {
 TEST_F(MatchNet, AJoinersMatchRunsNoFurtherThanTheHostAllowed) {
     QTcpServer byHand;
     ASSERT_TRUE(byHand.listen(QHostAddress::LocalHost, 0));
-    guest.join(QStringLiteral("127.0.0.1:%1").arg(byHand.serverPort()), QStringLiteral("red"), "Bo");
+    guest.join(QStringLiteral("127.0.0.1:%1").arg(byHand.serverPort()), QStringLiteral("red"),
+               "Bo");
     ASSERT_TRUE(QTest::qWaitFor([&] { return byHand.hasPendingConnections(); }, 5000));
     RawPeer fake(byHand.nextPendingConnection());
     const net::Lobby lobby = TestLobby(game::GameType::OneVsOne, {1});
@@ -103,8 +104,8 @@ TEST_F(MatchNet, AJoinersMatchRunsNoFurtherThanTheHostAllowed) {
     screens::MatchNet joined(m, pilot, guest, 1);
     int allowed = 0;
     QObject::connect(&guest, &net::Guest::tick, [&](int at) { allowed = at; });
-    for (const net::Message& message : {net::Message(net::Welcome{1, lobby}),
-                                        {net::Start{lobby}}, {net::Tick{1000}}})
+    for (const net::Message& message :
+         {net::Message(net::Welcome{1, lobby}), {net::Start{lobby}}, {net::Tick{1000}}})
         fake.Send(message);
     ASSERT_TRUE(QTest::qWaitFor([&] { return allowed == 1000; }, 5000));
     joined.runTo(5000);
