@@ -56,6 +56,11 @@ MatchNet::MatchNet(game::Match& match, computer::Autopilot& pilot, net::Guest& g
     });
 }
 
+MatchNet::~MatchNet() {
+    if (host_) host_->setMatchClock({});
+    if (guest_) guest_->setMatchClock({});
+}
+
 void MatchNet::arrive(const game::Command& stamped) {
     due_.push_back(stamped);
     // The host sends nothing earlier than a command it sent: a joiner may run up to it.

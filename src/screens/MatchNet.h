@@ -32,6 +32,8 @@ public:
              const std::array<bool, 4>& local);
     // A joiner's machine, which plays `seat`.
     MatchNet(game::Match& match, computer::Autopilot& pilot, net::Guest& guest, int seat);
+    // The connection may outlive the match: it no longer asks this one for the time.
+    ~MatchNet() override;
 
     // Whether this machine's keyboard, mouse or computer plays `seat`.
     bool local(int seat) const { return local_[static_cast<std::size_t>(seat)]; }
