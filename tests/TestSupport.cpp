@@ -4,6 +4,7 @@
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
@@ -24,6 +25,14 @@ QString Relative(const QString& path) {
     const qsizetype at = path.lastIndexOf(QRegularExpression(
         QStringLiteral("/(sounds|midi|characters|Explosion-2\\.au|Credits\\.txt|pIndication)")));
     return at < 0 ? path : path.mid(at + 1);
+}
+
+QString Written(const QString& path, const QByteArray& bytes) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size())
+        << path.toStdString();
+    return path;
 }
 
 QByteArray Wav(int rate, int channels, int bits, int frames, int level) {
@@ -60,9 +69,7 @@ void OwnData::character(const QString& name, int width, int height) {
 }
 
 void OwnData::credits(const QString& text) {
-    QFile file(dir_.filePath(QStringLiteral("Credits.txt")));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(text.toUtf8());
+    Written(dir_.filePath(QStringLiteral("Credits.txt")), text.toUtf8());
 }
 
 void ScreensTest::SetUp() {

@@ -44,6 +44,9 @@ struct PaintCounter : QObject {
     int paints = 0;
 };
 
+// Writes `bytes` to `path`, making the folders on its way; returns `path`.
+QString Written(const QString& path, const QByteArray& bytes);
+
 // A WAV file of `frames` frames of PCM, every sample at `level`.
 QByteArray Wav(int rate, int channels, int bits, int frames, int level);
 

@@ -55,13 +55,6 @@ std::vector<qint16> Recorded(const std::function<void(media::SdlSound&)>& play, 
     return std::vector<qint16>(samples, samples + data.size() / 2);
 }
 
-// The path of `name` in `dir`, which now holds `bytes`.
-QString Written(const QTemporaryDir& dir, const QString& name, const QByteArray& bytes) {
-    QFile out(dir.filePath(name));
-    EXPECT_TRUE(out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size());
-    return out.fileName();
-}
-
 // A Sun audio file of 16-bit linear samples, every one at `level`, as the explosion is.
 QByteArray Au(int rate, int channels, int frames, qint16 level) {
     QByteArray b;
@@ -112,7 +105,7 @@ TEST(SdlSound, EverySoundFormatPlaysOnceForItsOwnLength) {
     QTemporaryDir dir;
     for (const auto& [what, name, bytes, level] : sounds) {
         SCOPED_TRACE(what);
-        const QString file = Written(dir, QLatin1String(name), bytes);
+        const QString file = testing_support::Written(dir.filePath(QLatin1String(name)), bytes);
         const std::vector<qint16> s = Recorded([&](media::SdlSound& out) { out.playEffect(file); });
         // Resampling rounds the edges off a few frames; the level stays within a tenth.
         const auto steady = [&](qint16 x) { return std::abs(x - level) <= level / 10; };
@@ -127,7 +120,8 @@ TEST(SdlSound, TheSynthesizerKeepsItsWarningsButNotItsErrorsOffTheTerminal) {
     QTemporaryDir dir;
     const QByteArray dense = DenseTune(100);
     ASSERT_LT(dense.size(), 512 << 10) << "within a tune's size";
-    const QString denseFile = Written(dir, QStringLiteral("dense.mid"), dense);
+    const QString denseFile =
+        testing_support::Written(dir.filePath(QStringLiteral("dense.mid")), dense);
     testing::internal::CaptureStderr();
     const std::vector<qint16> heard =
         Recorded([&](media::SdlSound& out) { out.playTune(denseFile); }, 1);

@@ -117,12 +117,8 @@ TEST_P(HostileData, IsRefusedAtOnceAndTheGameGoesOn) {
         case Damage::Folder: ASSERT_TRUE(QDir().mkdir(path)); break;
         case Damage::Pipe: ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0); break;
         case Damage::LinkToZero: ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path)); break;
-        case Damage::Larger:
-        case Damage::Beyond: {
-            QFile out(path);
-            ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-            out.write(damage == Damage::Larger ? Larger(kind, bytes) : Beyond(kind));
-        }
+        case Damage::Larger: Written(path, Larger(kind, bytes)); break;
+        case Damage::Beyond: Written(path, Beyond(kind)); break;
     }
     rusage before{}, after{};
     getrusage(RUSAGE_SELF, &before);

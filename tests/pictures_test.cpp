@@ -72,10 +72,8 @@ void Set(QByteArray& b, int at, qint64 value, int bytes = 4) {
 // Reads `bytes` as the file of a picture.
 bool Read(const QByteArray& bytes, QImage& img, core::PictureError* why = nullptr) {
     QTemporaryDir dir;
-    QFile f(dir.filePath(QStringLiteral("p.bmp")));
-    EXPECT_TRUE(f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size());
-    f.close();
-    return core::readBitmap(f.fileName(), kAnyFile, img, why);
+    return core::readBitmap(Written(dir.filePath(QStringLiteral("p.bmp")), bytes), kAnyFile, img,
+                            why);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QDir>
 #include <cstdio>
 #include <cstdlib>
 
@@ -13,10 +14,10 @@ int main(int argc, char** argv) {
     setenv("QT_QPA_PLATFORM", getenv("QT_QPA_PLATFORM") ? getenv("QT_QPA_PLATFORM") : "offscreen",
            1);
     setenv("SDL_AUDIODRIVER", "dummy", 0);
-    if (!getenv("XDG_RUNTIME_DIR")) {
-        static char dir[] = "/tmp/grumbo-tests-XXXXXX";
-        if (mkdtemp(dir)) setenv("XDG_RUNTIME_DIR", dir, 0);
-    }
+    // A runtime folder of our own where the environment has none; it goes with the run.
+    static char dir[] = "/tmp/grumbo-tests-XXXXXX";
+    const bool ownDir = !getenv("XDG_RUNTIME_DIR") && mkdtemp(dir);
+    if (ownDir) setenv("XDG_RUNTIME_DIR", dir, 1);
     // The headless platform cannot raise windows and says so each time; that is no finding.
     static QtMessageHandler previous = nullptr;
     previous = qInstallMessageHandler(
@@ -29,5 +30,6 @@ int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     const int rc = RUN_ALL_TESTS();
     ui::destroyAllWindows();
+    if (ownDir) QDir(QString::fromLocal8Bit(dir)).removeRecursively();
     return rc;
 }

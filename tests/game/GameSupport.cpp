@@ -1,23 +1,12 @@
 #include "GameSupport.h"
 
-#include "core/Bitmap.h"
+#include "screens/Pictures.h"
 
 namespace testing_support {
 
-namespace {
-core::Canvas Picture(const QString& relative) {
-    QImage image;
-    EXPECT_TRUE(core::readBitmap(QStringLiteral(GRUMBO_DATA_DIR "/") + relative,
-                                 core::largestBitmapFile(game::kLargestCharacter), image))
-        << relative.toStdString();
-    return core::Canvas(image);
-}
-}  // namespace
-
 game::CharacterArt ShippedArt(const QString& character) {
-    const QString stem = QStringLiteral("characters/") + character;
-    return {Picture(stem + QStringLiteral(".bmp")),
-            {Picture(stem + QStringLiteral("1.bmp")), Picture(stem + QStringLiteral("2.bmp"))}};
+    return screens::Pictures(core::DataFolder(QStringLiteral(GRUMBO_DATA_DIR)))
+        .character(character);
 }
 
 game::CharacterArt Resized(const game::CharacterArt& art, int width, int height) {
@@ -37,21 +26,17 @@ game::MatchSetup ShippedSetup(int players, std::uint64_t seed) {
     s.settings.music = false;
     s.seed = seed;
     for (int i = 0; i < 4; ++i) {
-        game::PlayerSetup& p = s.players[static_cast<std::size_t>(i)];
-        p.name = QStringLiteral("Player %1").arg(i + 1);
-        p.character = QString::fromLatin1(kCharacters[i]);
-        p.art = ShippedArt(p.character);
+        s.players[static_cast<std::size_t>(i)].name = QStringLiteral("Player %1").arg(i + 1);
+        s.players[static_cast<std::size_t>(i)].character = QString::fromLatin1(kCharacters[i]);
     }
-    s.marker = Picture(QStringLiteral("pIndication.bmp"));
-    return s;
+    return WithShippedArt(s);
 }
 
 game::MatchSetup WithShippedArt(game::MatchSetup setup) {
-    for (int i = 0; i < setup.settings.players(); ++i) {
-        game::PlayerSetup& p = setup.players[static_cast<std::size_t>(i)];
-        p.art = ShippedArt(p.character);
-    }
-    setup.marker = Picture(QStringLiteral("pIndication.bmp"));
+    screens::Pictures pictures(core::DataFolder(QStringLiteral(GRUMBO_DATA_DIR)));
+    for (game::PlayerSetup& p : setup.players)
+        if (!p.character.isEmpty()) p.art = pictures.character(p.character);
+    setup.marker = pictures.marker();
     return setup;
 }
 

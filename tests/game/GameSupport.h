@@ -19,7 +19,7 @@ game::CharacterArt Resized(const game::CharacterArt& art, int width, int height)
 game::MatchSetup ShippedSetup(int players = 2, std::uint64_t seed = 42);
 // The same in a calm city: no wind blows a projectile off its way.
 game::MatchSetup CalmSetup(int players = 2, std::uint64_t seed = 42);
-// `setup` with the shipped pictures of its characters and the turn marker.
+// `setup` with the shipped pictures of its seats' characters and the turn marker.
 game::MatchSetup WithShippedArt(game::MatchSetup setup);
 
 // A match with the keys and the event log a test needs.

@@ -6,11 +6,11 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
-#include <QFile>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtEndian>
 
+#include "TestSupport.h"
 #include "net/DataDigest.h"
 #include "net/Guest.h"
 #include "net/JoinCode.h"
@@ -143,10 +143,7 @@ TEST(JoinCode, ThreeOfOurWordsTakenHoweverTyped) {
 TEST(DataDigest, PicturesAndSoundsByPathAndTheFileThatDiffers) {
     QTemporaryDir dir;
     const auto put = [&](const QString& path, const QByteArray& bytes) {
-        QDir(dir.path()).mkpath(QFileInfo(dir.filePath(path)).path());
-        QFile f(dir.filePath(path));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(bytes);
+        testing_support::Written(dir.filePath(path), bytes);
     };
     put("sounds/throw.wav", "RIFF one");
     put("characters/Dunik.bmp", "BM two");

@@ -1,6 +1,6 @@
 // Readers for the data files the game ships: 24-bit BMP pictures, 16-bit PCM WAV and Sun AU
-// sounds, Standard MIDI tunes. Shared by the asset tests and the artists' checker, so that both
-// judge a regenerated file by the same decoding. Every reader throws std::runtime_error with the
+// sounds, Standard MIDI tunes, decoded apart from the game's own readers so that the checker judges
+// a regenerated file by the format alone. Every reader throws std::runtime_error with the
 // file name when a file is unreadable or in a form the game does not load.
 #pragma once
 
