@@ -87,9 +87,10 @@ void ScreensTest::TearDown() {
     ui::setClock(nullptr);
 }
 
-app::ScreenFlow& ScreensTest::StartProgram(const core::DataFolder& data, std::uint64_t seed) {
+app::ScreenFlow& ScreensTest::StartProgram(const core::DataFolder& data, std::uint64_t seed,
+                                           const std::array<screens::Seat, 4>& seats) {
     flow = std::make_unique<app::ScreenFlow>(
-        app::Services{sound, keys, data, [seed] { return seed; }, [this] { ++quits; }});
+        app::Services{sound, keys, data, [seed] { return seed; }, [this] { ++quits; }}, seats);
     flow->start();
     return *flow;
 }

@@ -72,9 +72,11 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    // A program started on its title screen, seeding every match with `seed`.
+    // A program started on its title screen, seeding every match with `seed`, the computer at
+    // `seats`.
     app::ScreenFlow& StartProgram(const core::DataFolder& data = ShippedData(),
-                                  std::uint64_t seed = 42);
+                                  std::uint64_t seed = 42,
+                                  const std::array<screens::Seat, 4>& seats = {});
     // Holds `key` down long enough for one poll of the match's keyboard trap.
     void Tap(int key);
     // Titles of the windows a player could see now.

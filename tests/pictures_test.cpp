@@ -3,7 +3,6 @@
 // pure white shows what lies behind a picture.
 #include "screens/Pictures.h"
 
-#include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,7 +10,6 @@
 #include <QTest>
 #include <climits>
 #include <functional>
-#include <memory>
 #include <vector>
 
 #include "TestSupport.h"

@@ -92,8 +92,7 @@ wait_window "Game Over" 300
 shot "$replay" "$WORK/replayed.ppm"
 differ=$(count_changed "$WORK/live.ppm" "$WORK/replayed.ppm" $FIELD)
 [ "$differ" -eq 0 ] || fail "the replay's final board differs from the match's in $differ pixels"
-kill "$GAME_PID"
-wait "$GAME_PID" 2>/dev/null
+kill "$GAME_PID" && wait "$GAME_PID" 2>/dev/null
 GAME_PID=
 board=$("$GAME" --replay "$record" --check 2>&1) || fail "--check failed: $board"
 [ "$(printf '%s\n' "$board" | wc -l)" -eq 2 ] || fail "--check does not print two rows: $board"

@@ -1,5 +1,7 @@
 #include "GameSupport.h"
 
+#include "game/Record.h"
+#include "game/Replay.h"
 #include "screens/Pictures.h"
 
 namespace testing_support {
@@ -47,7 +49,24 @@ game::MatchSetup CalmSetup(int players, std::uint64_t seed) {
     return s;
 }
 
-Play::Play(const game::MatchSetup& setup) : match(setup) { collect(); }
+qsizetype ExpectPlaysAgain(const game::Match& m) {
+    const QByteArray text = game::writeRecord(game::recordOf(m));
+    const game::ReadRecord read = game::readRecord(text);
+    EXPECT_TRUE(read.record) << read.error.toStdString();
+    if (!read.record) return 0;
+    game::Match again(WithShippedArt(game::setupOf(*read.record)));
+    EXPECT_TRUE(game::playToTheEnd(again, *read.record)) << "its moves are in the record";
+    EXPECT_TRUE(again.board() == m.board()) << "the same final board";
+    EXPECT_TRUE(again.scene() == m.scene()) << "the same last city";
+    EXPECT_EQ(again.clock(), m.clock());
+    EXPECT_EQ(again.commands(), m.commands()) << "the last, at the very end, too";
+    return text.size();
+}
+
+Play::Play(const game::MatchSetup& setup, std::optional<std::uint64_t> pilot) : match(setup) {
+    if (pilot) match.setPilot(&this->pilot.emplace(*pilot));
+    collect();
+}
 
 Play& Play::started() {
     EXPECT_TRUE(runUntil([&] { return match.phase() == game::Phase::Aiming; }));

@@ -5,8 +5,8 @@
 
 #include <QStringList>
 #include <functional>
-#include <set>
 
+#include "computer/Autopilot.h"
 #include "game/Match.h"
 
 namespace testing_support {
@@ -22,10 +22,15 @@ game::MatchSetup CalmSetup(int players = 2, std::uint64_t seed = 42);
 // `setup` with the shipped pictures of its seats' characters and the turn marker.
 game::MatchSetup WithShippedArt(game::MatchSetup setup);
 
+// Plays `m` again from its record, written out and read back, and expects the same end: the
+// final board, the last city, the time and every command. Returns the record's size in bytes.
+qsizetype ExpectPlaysAgain(const game::Match& m);
+
 // A match with the keys and the event log a test needs.
 class Play {
 public:
-    explicit Play(const game::MatchSetup& setup);
+    // With `pilot`, the computer plays the seats the setup gives it, from that seed.
+    explicit Play(const game::MatchSetup& setup, std::optional<std::uint64_t> pilot = {});
     // Runs until the first round stands.
     Play& started();
     void run(int ms);
@@ -47,6 +52,7 @@ public:
     // calm city); returns once the turn has passed or the match has ended.
     bool dropOn(int target, game::ProjectileKind kind = game::ProjectileKind::Normal);
 
+    std::optional<computer::Autopilot> pilot;  // before the match, which holds on to it
     game::Match match;
     // Every event so far, sounds as their files.
     QStringList sounds;

@@ -87,21 +87,11 @@ TEST(Planner, CountsNoThrowClearThatEndsBesideTheThrower) {
     EXPECT_GT(found, 0);
 }
 
-// A match of one person (player 1) and the computer (player 2), by default in a city of the
-// usual options.
-struct AgainstTheComputer : Play {
-    explicit AgainstTheComputer(std::uint64_t seed, game::Skill skill = game::Skill::Hard)
-        : AgainstTheComputer(ShippedSetup(2, seed), skill) {}
-    AgainstTheComputer(game::MatchSetup setup, game::Skill skill)
-        : Play(WithComputer(setup, skill)), pilot(setup.seed) {
-        match.setPilot(&pilot);
-    }
-    static game::MatchSetup WithComputer(game::MatchSetup s, game::Skill skill) {
-        s.players[1].computer = skill;
-        return s;
-    }
-    Autopilot pilot;
-};
+// `setup` with the computer at `skill` in player 2's seat, against a person.
+game::MatchSetup AgainstTheComputer(game::MatchSetup setup, game::Skill skill) {
+    setup.players[1].computer = skill;
+    return setup;
+}
 
 // ---- Watching the computer throw ---------------------------------------------------------------
 
@@ -125,10 +115,9 @@ struct Watched {
 std::optional<Watched> NextComputerThrow(Play& play, bool planned = true) {
     const game::Match& m = play.match;
     for (int turn = 0; turn < 10; ++turn) {
-        const auto ready = [&] {
-            return m.over() || (m.phase() == Phase::Aiming && m.inputOpen());
-        };
-        if (!play.runUntil(ready, 600000) || m.over()) return std::nullopt;
+        const auto ready = [&] { return m.phase() == Phase::Aiming && m.inputOpen(); };
+        if (!play.runUntil([&] { return m.over() || ready(); }, 600000) || m.over())
+            return std::nullopt;
         if (!m.computer(m.currentPlayer())) {
             play.throwAt(135, 300);
             continue;
@@ -152,7 +141,7 @@ std::optional<Watched> NextComputerThrow(Play& play, bool planned = true) {
 }
 
 TEST(Autopilot, TypesItsThrowKeyByKeyOnItsOwnTurnAndStandsStillWhilePaused) {
-    AgainstTheComputer play(5);
+    Play play(AgainstTheComputer(ShippedSetup(2, 5), game::Skill::Hard), 5);
     const game::Match& m = play.started().match;
     play.run(10000);
     EXPECT_EQ(m.phase(), Phase::Aiming) << "the person's turn waits for the person";
@@ -203,7 +192,9 @@ TEST(Autopilot, CorrectsEveryFurtherThrowOfARoundFromTheLast) {
             for (std::uint64_t seed = 1; seed <= 3; ++seed) {
                 SCOPED_TRACE(testing::Message() << (calm ? "calm" : "gusts") << ", skill "
                                                 << static_cast<int>(skill) << ", seed " << seed);
-                AgainstTheComputer play(calm ? CalmSetup(2, seed) : ShippedSetup(2, seed), skill);
+                Play play(
+                    AgainstTheComputer(calm ? CalmSetup(2, seed) : ShippedSetup(2, seed), skill),
+                    seed);
                 play.started();
                 std::optional<Watched> last;
                 for (int n = 0; n < 8; ++n) {
@@ -241,7 +232,7 @@ TEST(Autopilot, StartsAfreshWithARoughThrowAtEveryNewTarget) {
     // guess, not the last throw corrected: not in every city, but in most.
     int cases = 0, fresh = 0;
     for (std::uint64_t seed = 1; seed <= 4; ++seed) {
-        AgainstTheComputer play(ShippedSetup(2, seed), game::Skill::Normal);
+        Play play(AgainstTheComputer(ShippedSetup(2, seed), game::Skill::Normal), seed);
         play.started();
         std::optional<Watched> last, w;
         while ((w = NextComputerThrow(play)) && w->round == 1) last = w;
@@ -250,7 +241,7 @@ TEST(Autopilot, StartsAfreshWithARoughThrowAtEveryNewTarget) {
         fresh += !Corrects(*w, *last);
     }
     for (const std::uint64_t seed : {1, 2, 3, 5}) {
-        AgainstTheComputer play(ShippedSetup(2, seed), game::Skill::Easy);
+        Play play(AgainstTheComputer(ShippedSetup(2, seed), game::Skill::Easy), seed);
         play.started();
         NextComputerThrow(play);
         const std::optional<Watched> before = NextComputerThrow(play);
@@ -273,9 +264,7 @@ TEST(Autopilot, NeverLandsOnItsOwnSideNorNearItsTeamMate) {
         game::MatchSetup setup = ShippedSetup(players, 3);
         for (auto& p : setup.players) p.computer = game::Skill::Easy;
         setup.settings.fragLimit = 10;
-        Play play(setup);
-        Autopilot pilot(3);
-        play.match.setPilot(&pilot);
+        Play play(setup, 3);
         play.started();
         const auto side = [&](int p) { return p / (players / 2); };
         for (int n = 0; n < 30; ++n) {
@@ -288,12 +277,11 @@ TEST(Autopilot, NeverLandsOnItsOwnSideNorNearItsTeamMate) {
                 continue;
             }
             int own = std::numeric_limits<int>::max(), enemy = own;
-            for (int i = 0; i < players; ++i) {
-                if (!w->middles[static_cast<std::size_t>(i)]) continue;
-                const int d = std::abs(w->impact.at.x() - *w->middles[static_cast<std::size_t>(i)]);
-                int& nearest = side(i) == side(w->thrower) ? own : enemy;
-                nearest = std::min(nearest, d);
-            }
+            for (int i = 0; i < players; ++i)
+                if (const std::optional<int> middle = w->middles[static_cast<std::size_t>(i)]) {
+                    int& nearest = side(i) == side(w->thrower) ? own : enemy;
+                    nearest = std::min(nearest, std::abs(w->impact.at.x() - *middle));
+                }
             EXPECT_LT(enemy, own);
             EXPECT_GE(own, kNear);
         }
@@ -316,7 +304,7 @@ TEST(Autopilot, ThrowsAHeldSpecialProjectileWhereItHelps) {
                      << "holding " << static_cast<int>(held) << ", seed " << seed);
         game::MatchSetup setup = ShippedSetup(2, static_cast<std::uint64_t>(seed));
         setup.carry.specials[1][static_cast<std::size_t>(held)] = true;
-        AgainstTheComputer play(setup, game::Skill::Hard);
+        Play play(AgainstTheComputer(setup, game::Skill::Hard), setup.seed);
         play.started();
         const std::optional<Watched> w = NextComputerThrow(play);
         ASSERT_TRUE(w);
@@ -330,7 +318,7 @@ TEST(Autopilot, ThrowsAHeldSpecialProjectileWhereItHelps) {
     game::MatchSetup setup = CalmSetup(2, 9);
     setup.settings.windExtremity = 35;
     setup.carry.specials[1][static_cast<std::size_t>(K::War)] = true;
-    AgainstTheComputer play(setup, game::Skill::Hard);
+    Play play(AgainstTheComputer(setup, game::Skill::Hard), setup.seed);
     const game::Match& m = play.started().match;
     const game::Span first = game::buildingAt(m.sky(), m.scene(), 3);
     play.flyTo({first.left + 1, game::rowAboveRoof(m.sky(), m.scene(), first) + 14});

@@ -123,6 +123,12 @@ TEST(Match, AHitExplodesAndDancesAndAFirstThrowOfARoundThatHitsWinsASpecial) {
     EXPECT_EQ(held(1), ProjectileKind::Normal);
 }
 
+// Gives both players every projectile: the code, and a throw each for it to show at their turn.
+bool AllProjectiles(Play& play) {
+    play.type(QStringLiteral("\\zap plinkos"));
+    return play.throwAt(10, 999) && play.throwAt(10, 999);
+}
+
 TEST(Match, ANukeSparesACharacterWhoseLeftEdgeIsTheFirstColumnOfItsBuilding) {
     game::MatchSetup setup = CalmSetup(2, 5);
     // One pixel wider than the shipped character, he can fly, 3 pixels at a time, onto the
@@ -130,9 +136,7 @@ TEST(Match, ANukeSparesACharacterWhoseLeftEdgeIsTheFirstColumnOfItsBuilding) {
     setup.players[0].art = Resized(setup.players[0].art, 45, 70);
     Play play(setup);
     const game::Match& m = play.started().match;
-    play.type(QStringLiteral("\\zap plinkos"));
-    ASSERT_TRUE(play.throwAt(10, 999));
-    ASSERT_TRUE(play.throwAt(10, 999));
+    ASSERT_TRUE(AllProjectiles(play));
     const game::Figure& me = m.figure(0);
     int first = me.pos.x() + 20;
     while (m.scene().point(first - 1, 460) != m.sky().point(first - 1, 460)) --first;
@@ -157,9 +161,7 @@ TEST(Match, ANukedBuildingCrumblesFromTheGroundUpAndItsCharacterDissolvesAtAPace
     setup.settings.buildingHeight = 12;
     Play play(setup);
     const game::Match& m = play.started().match;
-    play.type(QStringLiteral("\\zap plinkos"));
-    ASSERT_TRUE(play.throwAt(10, 999));
-    ASSERT_TRUE(play.throwAt(10, 999));
+    ASSERT_TRUE(AllProjectiles(play));
     // The nuke falls onto the enemy's roof beside him, from the thrower's hand above it.
     const game::Figure& enemy = m.figure(1);
     const game::Span b = game::buildingAt(m.sky(), m.scene(), enemy.pos.x() + enemy.width() / 2);
@@ -328,21 +330,14 @@ TEST(Match, CodesStartWithABackslashAndEndAtTheirTwelfthCharacter) {
 
 // Whether the first contact at or below 450 of a war projectile thrown from the hand straight
 // up at `velocity` has its top edge at 450, and whether it earned points there.
-std::pair<bool, bool> LowContactAt450(game::Match m, int velocity) {
+std::pair<bool, bool> LowContactAt450(Play play, int velocity) {
+    const game::Match& m = play.match;
     const int thrower = m.currentPlayer(), before = m.stats(thrower).points;
-    using Kind = game::Command::Kind;
-    const auto send = [&](Kind kind, const QString& text = {}, int value = 0) {
-        m.apply({m.clock(), thrower, kind, text, value});
-    };
-    send(Kind::Choose, {}, static_cast<int>(ProjectileKind::War));
-    send(Kind::Angle, QStringLiteral("90"));
-    send(Kind::Velocity, QString::number(velocity));
-    send(Kind::Throw);
-    while (m.phase() == Phase::Flying) {
-        m.advance(1);
-        for (const game::MatchEvent& e : m.takeEvents())
-            if (e.file == QLatin1String("sounds/bc.wav") && m.projectile().pos.y() >= 450)
-                return {m.projectile().pos.y() == 450, m.stats(thrower).points > before};
+    play.launch(90, velocity, ProjectileKind::War);
+    for (play.sounds.clear(); m.phase() == Phase::Flying; play.sounds.clear()) {
+        play.run(1);
+        if (play.sounds.contains(QLatin1String("sounds/bc.wav")) && m.projectile().pos.y() >= 450)
+            return {m.projectile().pos.y() == 450, m.stats(thrower).points > before};
     }
     return {false, false};
 }
@@ -350,12 +345,10 @@ std::pair<bool, bool> LowContactAt450(game::Match m, int velocity) {
 TEST(Match, AWarProjectileEarnsPointsAtEveryContactWithItsTopEdgeAt450OrLower) {
     Play play(CalmSetup(2, 21));
     play.started();
-    play.type(QStringLiteral("\\zap plinkos"));
-    ASSERT_TRUE(play.throwAt(10, 999));
-    ASSERT_TRUE(play.throwAt(10, 999));
+    ASSERT_TRUE(AllProjectiles(play));
     bool found = false;
     for (int velocity = 0; velocity < 100 && !found; ++velocity) {
-        const auto [exactly, earned] = LowContactAt450(play.match, velocity);
+        const auto [exactly, earned] = LowContactAt450(play, velocity);
         found = exactly;
         EXPECT_TRUE(earned || !exactly) << "velocity " << velocity;
     }

@@ -3,6 +3,8 @@
 // record is refused with one line that says why.
 #include "game/Record.h"
 
+#include <QFile>
+
 #include "GameSupport.h"
 #include "computer/Autopilot.h"
 #include "game/Replay.h"
@@ -13,47 +15,10 @@ using namespace testing_support;
 namespace {
 
 // A record of version 1, as the game writes it.
-const char* const kExample =
-    "grumbo2 record 1\n"
-    "seed 18446744073709551615\n"
-    "reseeds 4\n"
-    "gravity 7.5\n"
-    "game 2vs2\n"
-    "time night\n"
-    "frags 5\n"
-    "wind 0\n"
-    "height 12\n"
-    "gusts off\n"
-    "music on\n"
-    "specials 0100 0000 0011 0000\n"
-    "code \\zap p\n"
-    "modes flying invulnerable\n"
-    "frame 3\n"
-    "marker 29\n"
-    "tune 22\n"
-    "player 1 person\n"
-    "name Ann \"the\" Great\n"
-    "character Classic Grumbo\n"
-    "player 2 computer easy\n"
-    "name Computer 2\n"
-    "character Robo Grumbo\n"
-    "player 3 computer hard\n"
-    "name \xc3\xa9mile \xf0\x9f\x91\x8d\n"
-    "character Vostrel\n"
-    "player 4 person\n"
-    "name Dee\n"
-    "character My Own\n"
-    "1720 1 angle 4\n"
-    "1880 1 angle 45\n"
-    "2100 1 angle\n"
-    "2101 1 velocity 6 0\n"
-    "2101 1 choose war\n"
-    "2300 1 throw\n"
-    "2400 3 down 27\n"
-    "2420 3 up 27\n"
-    "5000 2 resume\n"
-    "5000 4 leave\n"
-    "end 5000 left\n";
+const QByteArray kExample = [] {
+    QFile file(QStringLiteral(GRUMBO_SOURCE_DIR "/tests/game/record-v1.txt"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}();
 
 TEST(Record, ReadsBackWhatItWroteAndKeepsItsFormat) {
     const game::ReadRecord read = game::readRecord(kExample);
@@ -77,16 +42,14 @@ TEST(Record, ReadsBackWhatItWroteAndKeepsItsFormat) {
     EXPECT_EQ(r.commands[4], (Command{2101, 0, Command::Kind::Choose, {}, 2}));
     EXPECT_EQ(r.commands[6], (Command{2400, 2, Command::Kind::KeyDown, {}, 27}));
     EXPECT_EQ(std::pair(r.endedAt, r.finished), std::pair(5000, false));
-    EXPECT_EQ(game::writeRecord(r), QByteArray(kExample)) << "the same text, byte for byte";
+    EXPECT_EQ(game::writeRecord(r), kExample) << "the same text, byte for byte";
 }
 
 TEST(Record, AComputersMatchPausedMidWordPlaysAgainWithoutTheComputer) {
     game::MatchSetup setup = ShippedSetup(2, 5);
     setup.settings.fragLimit = 1;
     for (game::PlayerSetup& p : setup.players) p.computer = game::Skill::Hard;
-    testing_support::Play play(setup);
-    computer::Autopilot pilot(11);
-    play.match.setPilot(&pilot);
+    testing_support::Play play(setup, 11);
     const game::Match& m = play.match;
     play.started();
     // Only the thrower's own hands aim for him; the past and seats nobody has send nothing.
@@ -103,12 +66,7 @@ TEST(Record, AComputersMatchPausedMidWordPlaysAgainWithoutTheComputer) {
     play.send(Command::Kind::Resume);
     ASSERT_TRUE(play.runUntil([&] { return m.gameOverShown(); }, 600000));
     play.send(Command::Kind::Leave);
-    const game::Record record = game::recordOf(m);
-    game::Match again(WithShippedArt(game::setupOf(record)));
-    ASSERT_TRUE(game::playToTheEnd(again, record)) << "its moves are in the record";
-    EXPECT_TRUE(again.board() == m.board());
-    EXPECT_TRUE(again.scene() == m.scene());
-    EXPECT_EQ(again.commands(), m.commands()) << "the last, at the very end, too";
+    ExpectPlaysAgain(m);
 }
 
 TEST(Record, ADamagedOrForeignOneIsRefusedWithOneLineSayingWhy) {
@@ -137,7 +95,7 @@ TEST(Record, ADamagedOrForeignOneIsRefusedWithOneLineSayingWhy) {
           {"end 5000 left", "end 4000 left", "the end's time"},
           {"end 5000 left\n", "end 5000 left\n1 1 throw\n", "more follows"},
           {"2300 1 throw", "2300 1 throw hard", "takes nothing"}}) {
-        ASSERT_TRUE(!*replace || QByteArray(kExample).contains(replace)) << replace;
+        ASSERT_TRUE(!*replace || kExample.contains(replace)) << replace;
         const QByteArray text =
             *replace ? QByteArray(kExample).replace(replace, with) : QByteArray(with);
         const game::ReadRecord read = game::readRecord(text);

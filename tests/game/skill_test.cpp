@@ -16,9 +16,7 @@ constexpr int kRounds = 200;
 int ThrowsToFrag(game::Skill skill, std::uint64_t seed) {
     game::MatchSetup setup = ShippedSetup(2, seed);
     setup.players[1].computer = skill;
-    Play play(setup);
-    computer::Autopilot pilot(seed);
-    play.match.setPilot(&pilot);
+    Play play(setup, seed);
     const game::Match& m = play.match;
     play.started();
     int throws = 0;

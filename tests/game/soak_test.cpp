@@ -12,20 +12,6 @@ using namespace testing_support;
 
 namespace {
 
-// Plays `m`'s record again and compares the ends; returns the record's size in bytes.
-qsizetype ExpectPlaysAgain(const game::Match& m) {
-    const QByteArray text = game::writeRecord(game::recordOf(m));
-    const game::ReadRecord read = game::readRecord(text);
-    EXPECT_TRUE(read.record) << read.error.toStdString();
-    if (!read.record) return 0;
-    game::Match again(WithShippedArt(game::setupOf(*read.record)));
-    EXPECT_TRUE(game::playToTheEnd(again, *read.record));
-    EXPECT_TRUE(again.board() == m.board()) << "the same final board";
-    EXPECT_TRUE(again.scene() == m.scene()) << "the same last city";
-    EXPECT_EQ(again.clock(), m.clock());
-    return text.size();
-}
-
 TEST(Soak, ComputerMatchesPlayAgainFromTheirRecords) {
     std::vector<qsizetype> oneVsOne;
     for (int n = 0; n < 200; ++n) {
@@ -37,9 +23,7 @@ TEST(Soak, ComputerMatchesPlayAgainFromTheirRecords) {
         for (int i = 0; i < setup.settings.players(); ++i)
             setup.players[static_cast<std::size_t>(i)].computer =
                 static_cast<game::Skill>((n + i) % 3);
-        Play play(setup);
-        computer::Autopilot pilot(static_cast<std::uint64_t>(n) * 7919);
-        play.match.setPilot(&pilot);
+        Play play(setup, static_cast<std::uint64_t>(n) * 7919);
         ASSERT_TRUE(play.runUntil([&] { return play.match.gameOverShown(); }, 3600000)) << "no end";
         const qsizetype size = ExpectPlaysAgain(play.match);
         if (!twoVsTwo) oneVsOne.push_back(size);

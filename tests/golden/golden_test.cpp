@@ -130,16 +130,16 @@ protected:
         }
         clock.advance(2500);
         Capture(step);
-        const game::Match& m = view->match();
-        QStringList figures[3];
-        for (int i = 0; i < 4; ++i) {
-            const game::PlayerStats s = i < m.players() ? m.stats(i) : game::PlayerStats{};
-            figures[0] << QString::number(s.frags);
-            figures[1] << QString::number(s.points);
-            figures[2] << QString::number(s.misses);
-        }
+        // One figure of every seat, 0 for the seats of nobody.
+        const auto seats = [&m = view->match()](int game::PlayerStats::*figure) {
+            QStringList row;
+            for (int i = 0; i < 4; ++i)
+                row << QString::number(i < m.players() ? m.stats(i).*figure : 0);
+            return row.join(QLatin1Char(','));
+        };
+        using S = game::PlayerStats;
         log << QStringLiteral("  frags=%1 points=%2 misses=%3")
-                   .arg(figures[0].join(','), figures[1].join(','), figures[2].join(','));
+                   .arg(seats(&S::frags), seats(&S::points), seats(&S::misses));
     }
 
     QString name;

@@ -33,9 +33,8 @@ public:
         EXPECT_TRUE(socket_->waitForConnected(5000));
     }
     explicit RawPeer(QTcpSocket* connected) : socket_(connected) {}
-    void Send(const net::Message& m) { SendBytes(net::frame(m)); }
-    void SendBytes(const QByteArray& bytes) {
-        socket_->write(bytes);
+    void Send(const net::Message& m) {
+        socket_->write(net::frame(m));
         socket_->flush();
     }
     // The next message from the other end; none when nothing comes for 5 s.

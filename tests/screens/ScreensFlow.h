@@ -13,11 +13,7 @@ protected:
     // "2 vs 2" when `players` is 4) to player selection.
     screens::PlayerScreen& ToPlayers(int players = 2,
                                      const std::array<screens::Seat, 4>& seats = {}) {
-        flow = std::make_unique<app::ScreenFlow>(
-            app::Services{sound, keys, ShippedData(), [] { return 7u; }, [this] { ++quits; }},
-            seats);
-        flow->start();
-        flow->title()->start();
+        StartProgram(ShippedData(), 7, seats).title()->start();
         if (players == 4) QTest::keyClick(flow->setup()->gameType, Qt::Key_Up);
         flow->setup()->next();
         return *flow->players();
