@@ -3,8 +3,8 @@
 # holds seats open, joiners take them with the code, and every program plays to the final board:
 # 1 vs 1 on two programs, 2 vs 2 on three, each machine with the same final board pixel for pixel
 # and a record of its own. Then the faults: a wrong code, garbage and a 100 MB message from a raw
-# socket (the host plays on), a joiner killed mid-match (the host and the other joiner say who
-# left), the host killed (the joiner says the host left).
+# socket (the host plays on), another version of the game (told why), a joiner killed mid-match
+# (the host and the other joiner say who left), the host killed (the joiner says the host left).
 # Usage: network.sh GAME_BINARY
 set -uo pipefail
 source "$(dirname "$0")/../../tools/xsession/xsession.sh"
@@ -99,6 +99,14 @@ kill "$PID_joiner"
 head -c 3000 /dev/urandom >"/dev/tcp/127.0.0.1/$PORT" 2>/dev/null
 printf '\x06\x00\x00\x00' | cat - <(head -c 1000000 /dev/zero) >"/dev/tcp/127.0.0.1/$PORT" 2>/dev/null
 kill -0 "$PID_host" || fail "the host fell to garbage"
+# Another version of the game greets as a joining program would: it is told why, naming both.
+hello=$'hello 1\ngame 0.9\ncode red apple\nname Old'
+exec 5<>"/dev/tcp/127.0.0.1/$PORT"
+printf '\x00\x00\x00'"$(printf '\\x%02x' ${#hello})"'%s' "$hello" >&5
+reply=$(timeout 5 cat <&5 | tr -cd '[:print:]')
+exec 5<&-
+[[ $reply == *"of the game, the joining computer 0.9"* ]] || fail "another version: \"$reply\""
+echo "another version: \"$reply\""
 joiner_in left "red apple"
 joiner_in right "red apple"
 wait_window "$MATCH_TITLE" 60 "$PID_right"

@@ -1,13 +1,12 @@
 // The rules that are tables and formulas, each row named in the message of a failed check: the
-// field's edges, the magnetic pull, near misses, special projectiles, the wind, the calibration
-// and what the aiming boxes let through. The flight, the hit points and the accuracy shown are
-// the golden runs' to see.
+// field's edges, the magnetic pull, near misses, special projectiles, the wind and what the aiming
+// boxes let through. The flight, the hit points, the accuracy shown and the flight tick are the
+// golden runs' to see.
 #include <gtest/gtest.h>
 
 #include <string_view>
 
 #include "core/Random.h"
-#include "game/Calibration.h"
 #include "game/Field.h"
 #include "game/Flight.h"
 #include "game/Match.h"
@@ -132,15 +131,6 @@ TEST(Rules, WindDrawsDirectionThenStrengthAndGustsNeverCalm) {
     EXPECT_DOUBLE_EQ(still.strength, 0.36);
     EXPECT_EQ(still.direction, None);
     EXPECT_EQ(random.next(), 0.3);
-}
-
-TEST(Rules, TheFlightTickFollowsTheLengthOfTheTestThrow) {
-    // The area's width, the ticks the test takes, and the flight tick worked out from them.
-    for (const auto& [width, ticks, tickMs] :
-         {std::tuple(101, 30, 32), {126, 38, 26}, {130, 40, 24}, {133, 40, 24}}) {
-        EXPECT_EQ(calibration::testTicks(width), ticks) << width << " pixels";
-        EXPECT_EQ(calibration::flightTickMs(ticks), tickMs) << width << " pixels";
-    }
 }
 
 TEST(Rules, TheAimingBoxesTakeDigitsAndControlCharactersOnly) {
